@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "host/devices.h"
+#include "host/events.h"
+#include "host/log.h"
+#include "host/settings.h"
+#include "host/x10.h"
+
+namespace host {
+
+// `hs`: everything that the host offers to a plug-in. Owned by the host, outlives the plug-in.
+class HostInterface : public Settings, public Log, public Devices, public X10, public Events {
+  public:
+    // "2.5.0.81": generation, minor, revision. Generations above 1 take devices by reference.
+    [[nodiscard]] virtual std::string Version() const = 0;
+
+    // Folder in which HTML, Scripts, Data and Config lie, without a trailing backslash.
+    [[nodiscard]] virtual std::string GetAppPath() const = 0;
+};
+
+// What the host, or the separate xAP program, hands to `RegisterCallback`. Owned by the host,
+// outlives the plug-in.
+class CallbackObject {
+  public:
+    virtual ~CallbackObject() = default;
+
+    // Class name at run time; "Setup" marks the separate xAP program.
+    [[nodiscard]] virtual std::string type_name() const = 0;
+
+    // None when the host cannot be reached.
+    [[nodiscard]] virtual HostInterface* GetHSIface() = 0;
+
+    virtual void RegisterMenu(std::string_view plugin, std::string_view label) = 0;
+
+    // Character code of a house code that nobody uses, outside "A" to "Z".
+    [[nodiscard]] virtual std::int32_t GetNextFreeIOCode() = 0;
+
+    // A device of the plug-in has a new value by itself.
+    virtual void ValueChangeEvent(std::string_view code, std::int32_t value) = 0;
+
+    // Only the separate xAP program carries messages.
+    virtual void SendXapMessage(std::string_view /*target*/, std::string_view /*message_class*/,
+                                std::string_view /*block*/, std::string_view /*body*/,
+                                std::string_view /*source*/, std::string_view /*uid*/) {}
+};
+
+}  // namespace host

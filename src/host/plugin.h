@@ -1,0 +1,72 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "automation/object.h"
+
+namespace host {
+
+class CallbackObject;
+
+// What a person wants to know of one unit.
+struct UnitStatus {
+    std::string name;
+    std::string address;
+    std::string queue_text;
+    std::string current_command;  // in flight or last run
+    std::string current_url;
+    std::vector<std::string> waiting;
+    std::vector<std::string> flags;  // names of those that are set
+    std::int32_t retries_left = 0;
+    std::int32_t timeout_count = 0;
+    std::int32_t power_cycle_count = 0;
+};
+
+struct TimerStatus {
+    std::string name;
+    std::chrono::milliseconds interval{};
+    bool enabled = false;
+};
+
+struct PluginStatus {
+    std::string role;                // "normal", "shim" or "xAP-hosted"
+    std::vector<std::string> flags;  // names of those that are set
+    std::vector<UnitStatus> units;
+    std::vector<TimerStatus> timers;  // those that run
+};
+
+// The contract between a host and a plug-in that it carries. The host calls in this order:
+// identity, `RegisterCallback`, `InitIO`, then what happens, and `ShutdownIO` once at the end.
+// Every call but identity may pump.
+class Plugin {
+  public:
+    virtual ~Plugin() = default;
+
+    [[nodiscard]] virtual std::int32_t AccessLevel() = 0;
+    [[nodiscard]] virtual std::int32_t Capabilities() = 0;
+    [[nodiscard]] virtual std::string Name() = 0;
+    [[nodiscard]] virtual std::string Version() = 0;
+
+    virtual void RegisterCallback(CallbackObject& callback) = 0;
+    virtual std::string InitIO(std::int32_t port) = 0;
+    virtual void ShutdownIO() = 0;
+
+    // A person or a script has set a device of the plug-in's house code.
+    virtual void SetIO(std::int32_t dv, const std::string& house_code,
+                       const std::string& device_code, std::int16_t command,
+                       std::int16_t brightness, std::int16_t data1, std::int16_t data2) = 0;
+
+    virtual void SelectMenu(const std::string& entry) = 0;
+
+    // The plug-in as scripts and other programs see it.
+    [[nodiscard]] virtual std::shared_ptr<automation::Object> object() = 0;
+
+    [[nodiscard]] virtual PluginStatus status() const = 0;
+};
+
+}  // namespace host

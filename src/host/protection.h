@@ -1,0 +1,35 @@
+#pragma once
+
+namespace host {
+
+// Rules that keep a daemon on a home network upright where the design alone would fall. All off
+// is the design; the daemon switches all on unless it is told otherwise. Each switch is one rule
+// with one test where it acts.
+struct Protection {
+    // The web server serves no file outside its root: a path with a ".." part or a drive letter
+    // gets the 404 response.
+    bool files_only_below_html = false;
+
+    // At 49 open connections the server closes the connections, but keeps listening.
+    bool listener_outlives_overload = false;
+
+    // A POST whose next packet belongs to another connection goes on with the body it has.
+    bool missing_body_ends_the_wait = false;
+
+    // After a failed request the server goes on with the next one, and the failed one's
+    // connection is closed.
+    bool stalled_queue_restarts = false;
+
+    // Connections beyond the guard timers of binary sends are closed like all others.
+    bool every_connection_is_closed = false;
+
+    [[nodiscard]] static constexpr Protection hardened() {
+        return {.files_only_below_html = true,
+                .listener_outlives_overload = true,
+                .missing_body_ends_the_wait = true,
+                .stalled_queue_restarts = true,
+                .every_connection_is_closed = true};
+    }
+};
+
+}  // namespace host
