@@ -1,0 +1,204 @@
+#include "home/embedded_host.h"
+
+#include <algorithm>
+#include <iostream>
+
+#include "automation/code_page.h"
+#include "automation/run_time_error.h"
+#include "home/io_codes.h"
+
+namespace home {
+namespace {
+
+namespace fs = std::filesystem;
+
+EmbeddedHostOptions with_absolute_home(EmbeddedHostOptions options) {
+    options.home = fs::absolute(options.home).lexically_normal();
+    return options;
+}
+
+}  // namespace
+
+EmbeddedHost::EmbeddedHost(host::Pump& pump, const host::Clock& clock, EmbeddedHostOptions options)
+    : options_(with_absolute_home(std::move(options))),
+      log_(options_.home / "Data" / "log.db", clock),
+      settings_(options_.home / "Config",
+                [this](const std::string& problem) { Writelog("Settings", problem); }),
+      x10_line_(pump, devices_, *this, events_) {
+    options_.version =
+        settings_.GetIniSetting("Settings", "HostVersion", options_.version, "settings.ini");
+    std::erase(options_.version, '"');
+}
+
+std::string EmbeddedHost::Version() const {
+    return options_.version;
+}
+
+std::string EmbeddedHost::GetAppPath() const {
+    std::string path = automation::utf8_to_code_page(options_.home.string());
+    std::ranges::replace(path, '/', '\\');
+    while (path.ends_with('\\')) {
+        path.pop_back();
+    }
+    return path;
+}
+
+// --- settings and log ---------------------------------------------------------------------------
+
+std::string EmbeddedHost::GetIniSetting(std::string_view section, std::string_view key,
+                                        std::string_view fallback, std::string_view file) {
+    return settings_.GetIniSetting(section, key, fallback, file);
+}
+
+void EmbeddedHost::SaveIniSetting(std::string_view section, std::string_view key,
+                                  std::string_view value, std::string_view file) {
+    settings_.SaveIniSetting(section, key, value, file);
+}
+
+std::string EmbeddedHost::GetINISection(std::string_view section, std::string_view file) {
+    return settings_.GetINISection(section, file);
+}
+
+void EmbeddedHost::Writelog(std::string_view type, std::string_view message) {
+    try {
+        log_.Writelog(type, message);
+    } catch (const automation::RunTimeError& error) {
+        std::ostream& output = options_.error_output ? *options_.error_output : std::cerr;
+        output << automation::code_page_to_utf8(type) << ": "
+               << automation::code_page_to_utf8(message)
+               << " (not in the log: " << automation::code_page_to_utf8(error.description()) << ")"
+               << std::endl;
+    }
+}
+
+// --- devices
+// --------------------------------------------------------------------------------------
+
+std::int32_t EmbeddedHost::DeviceCount() {
+    return devices_.DeviceCount();
+}
+
+std::shared_ptr<host::Device> EmbeddedHost::GetDevice(std::int16_t number) {
+    return devices_.GetDevice(number);
+}
+
+host::DeviceRef EmbeddedHost::NewDevice(std::string_view name, std::string_view code) {
+    return devices_.NewDevice(name, code);
+}
+
+host::DeviceRef EmbeddedHost::NewDevice(std::string_view name) {
+    return devices_.NewDevice(name);
+}
+
+host::DeviceRef EmbeddedHost::DeviceExists(std::string_view code) {
+    return devices_.DeviceExists(code);
+}
+
+std::unique_ptr<host::DeviceEnumerator> EmbeddedHost::GetDeviceEnumerator() {
+    return devices_.GetDeviceEnumerator();
+}
+
+std::shared_ptr<host::Device> EmbeddedHost::GetDeviceByRef(host::DeviceRef ref) {
+    return devices_.GetDeviceByRef(ref);
+}
+
+host::DeviceRef EmbeddedHost::NewDeviceRef(std::string_view name) {
+    return devices_.NewDeviceRef(name);
+}
+
+host::DeviceRef EmbeddedHost::DeviceExistsRef(std::string_view code) {
+    return devices_.DeviceExistsRef(code);
+}
+
+void EmbeddedHost::DeleteDevice(host::DeviceRef ref) {
+    devices_.DeleteDevice(ref);
+}
+
+void EmbeddedHost::SetDeviceString(std::string_view code, std::string_view text) {
+    devices_.SetDeviceString(code, text);
+}
+
+std::string EmbeddedHost::DeviceString(std::string_view code) {
+    return devices_.DeviceString(code);
+}
+
+void EmbeddedHost::SetDeviceLastChange(std::string_view code, automation::DateTime when) {
+    devices_.SetDeviceLastChange(code, when);
+}
+
+void EmbeddedHost::SetDeviceStatus(std::string_view code, std::int32_t status) {
+    devices_.SetDeviceStatus(code, status);
+}
+
+void EmbeddedHost::SetDeviceStatusNoReport(std::string_view code, std::int32_t status,
+                                           std::int32_t value) {
+    devices_.SetDeviceStatusNoReport(code, status, value);
+}
+
+std::int32_t EmbeddedHost::DeviceStatus(std::string_view code) {
+    return devices_.DeviceStatus(code);
+}
+
+void EmbeddedHost::SetDeviceValue(std::string_view code, std::int32_t value) {
+    devices_.SetDeviceValue(code, value);
+}
+
+std::int32_t EmbeddedHost::DeviceValue(std::string_view code) {
+    return devices_.DeviceValue(code);
+}
+
+void EmbeddedHost::SetSilentDeviceCollection(
+    const std::vector<std::pair<std::string, std::int32_t>>& codes) {
+    devices_.SetSilentDeviceCollection(codes);
+}
+
+// --- power line and events
+// ------------------------------------------------------------------------
+
+void EmbeddedHost::ExecX10(std::string_view code, std::string_view command) {
+    x10_line_.ExecX10(code, command);
+}
+
+bool EmbeddedHost::isOn(std::string_view code) {
+    return x10_line_.isOn(code);
+}
+
+bool EmbeddedHost::IsOff(std::string_view code) {
+    return x10_line_.IsOff(code);
+}
+
+void EmbeddedHost::RegisterEventCB(std::int32_t kind, host::EventListener& listener) {
+    events_.RegisterEventCB(kind, listener);
+}
+
+void EmbeddedHost::UnregisterEventCB(host::EventListener& listener) noexcept {
+    events_.UnregisterEventCB(listener);
+}
+
+// --- callback object
+// ------------------------------------------------------------------------------
+
+std::string EmbeddedHost::type_name() const {
+    return options_.type_name;
+}
+
+host::HostInterface* EmbeddedHost::GetHSIface() {
+    return this;
+}
+
+void EmbeddedHost::RegisterMenu(std::string_view plugin, std::string_view label) {
+    const MenuEntry entry{std::string(plugin), std::string(label)};
+    if (std::ranges::find(menu_, entry) == menu_.end()) {
+        menu_.push_back(entry);
+    }
+}
+
+std::int32_t EmbeddedHost::GetNextFreeIOCode() {
+    return next_free_io_code(devices_.snapshot());
+}
+
+void EmbeddedHost::ValueChangeEvent(std::string_view code, std::int32_t value) {
+    devices_.SetDeviceValue(code, value);
+}
+
+}  // namespace home

@@ -1,0 +1,129 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <iosfwd>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "home/device_table.h"
+#include "home/event_board.h"
+#include "home/ini/ini_files.h"
+#include "home/sqlite/sqlite_log.h"
+#include "home/x10_line.h"
+#include "host/host_interface.h"
+
+namespace host {
+class Clock;
+class Pump;
+}  // namespace host
+
+namespace home {
+
+struct EmbeddedHostOptions {
+    std::filesystem::path home;  // laid out
+    // "1.7.0" and the like make a host of the older generation. The key HostVersion of section
+    // "Settings" in settings.ini goes before.
+    std::string version = "2.5.0";
+    std::string type_name = "EmbeddedHost";
+    std::ostream* error_output = nullptr;  // where a line goes that the log refuses; none: stderr
+};
+
+// An entry that a plug-in has put into the host's menu.
+struct MenuEntry {
+    std::string plugin;
+    std::string label;
+
+    friend bool operator==(const MenuEntry&, const MenuEntry&) = default;
+};
+
+// The home automation host in this program: the interface that a plug-in gets, made of settings
+// files, log, devices, events and power line of one home. Owned by the program, outlives the
+// plug-in.
+class EmbeddedHost : public host::HostInterface, public host::CallbackObject {
+  public:
+    // Pump and clock must outlive the host.
+    // Throws: RunTimeError 70, 61 or 57 when the log cannot be opened.
+    EmbeddedHost(host::Pump& pump, const host::Clock& clock, EmbeddedHostOptions options);
+
+    // What a program around the host needs beyond the plug-in's view of it.
+    [[nodiscard]] DeviceTable& devices() noexcept { return devices_; }
+
+    [[nodiscard]] SqliteLog& log() noexcept { return log_; }
+
+    [[nodiscard]] X10Line& x10_line() noexcept { return x10_line_; }
+
+    [[nodiscard]] const std::vector<MenuEntry>& menu() const noexcept { return menu_; }
+
+    // HostInterface
+    [[nodiscard]] std::string Version() const override;
+    [[nodiscard]] std::string GetAppPath() const override;  // code page 1252, with backslashes
+
+    // Settings
+    [[nodiscard]] std::string GetIniSetting(std::string_view section, std::string_view key,
+                                            std::string_view fallback,
+                                            std::string_view file) override;
+    void SaveIniSetting(std::string_view section, std::string_view key, std::string_view value,
+                        std::string_view file) override;
+    [[nodiscard]] std::string GetINISection(std::string_view section,
+                                            std::string_view file) override;
+
+    // Log. A line that cannot be stored goes to the error output with the reason; throws nothing
+    // for it.
+    void Writelog(std::string_view type, std::string_view message) override;
+
+    // Devices
+    [[nodiscard]] std::int32_t DeviceCount() override;
+    [[nodiscard]] std::shared_ptr<host::Device> GetDevice(std::int16_t number) override;
+    host::DeviceRef NewDevice(std::string_view name, std::string_view code) override;
+    host::DeviceRef NewDevice(std::string_view name) override;
+    [[nodiscard]] host::DeviceRef DeviceExists(std::string_view code) override;
+    [[nodiscard]] std::unique_ptr<host::DeviceEnumerator> GetDeviceEnumerator() override;
+    [[nodiscard]] std::shared_ptr<host::Device> GetDeviceByRef(host::DeviceRef ref) override;
+    host::DeviceRef NewDeviceRef(std::string_view name) override;
+    [[nodiscard]] host::DeviceRef DeviceExistsRef(std::string_view code) override;
+    void DeleteDevice(host::DeviceRef ref) override;
+    void SetDeviceString(std::string_view code, std::string_view text) override;
+    [[nodiscard]] std::string DeviceString(std::string_view code) override;
+    void SetDeviceLastChange(std::string_view code, automation::DateTime when) override;
+    void SetDeviceStatus(std::string_view code, std::int32_t status) override;
+    void SetDeviceStatusNoReport(std::string_view code, std::int32_t status,
+                                 std::int32_t value) override;
+    [[nodiscard]] std::int32_t DeviceStatus(std::string_view code) override;
+    void SetDeviceValue(std::string_view code, std::int32_t value) override;
+    [[nodiscard]] std::int32_t DeviceValue(std::string_view code) override;
+    void SetSilentDeviceCollection(
+        const std::vector<std::pair<std::string, std::int32_t>>& codes) override;
+
+    // X10
+    void ExecX10(std::string_view code, std::string_view command) override;
+    [[nodiscard]] bool isOn(std::string_view code) override;
+    [[nodiscard]] bool IsOff(std::string_view code) override;
+
+    // Events
+    void RegisterEventCB(std::int32_t kind, host::EventListener& listener) override;
+    void UnregisterEventCB(host::EventListener& listener) noexcept override;
+
+    // CallbackObject
+    [[nodiscard]] std::string type_name() const override;
+    [[nodiscard]] host::HostInterface* GetHSIface() override;
+    // An entry that is there already is not added again.
+    void RegisterMenu(std::string_view plugin, std::string_view label) override;
+    // Throws: RunTimeError 68 when all are taken.
+    [[nodiscard]] std::int32_t GetNextFreeIOCode() override;
+    void ValueChangeEvent(std::string_view code, std::int32_t value) override;
+
+  private:
+    EmbeddedHostOptions options_;
+    SqliteLog log_;
+    IniFiles settings_;
+    DeviceTable devices_;
+    EventBoard events_;
+    X10Line x10_line_;
+    std::vector<MenuEntry> menu_;
+};
+
+}  // namespace home
