@@ -1,0 +1,221 @@
+#include "unit/unit.h"
+
+#include <boost/asio.hpp>
+#include <csignal>
+#include <iostream>
+#include <optional>
+#include <sstream>
+#include <stdexcept>
+#include <utility>
+
+#include "unit/appliance.h"
+#include "unit/control_socket.h"
+#include "unit/tell_unit.h"
+#include "unit/unit_command.h"
+#include "unit/web_listener.h"
+#include "unit/whole_number.h"
+
+namespace unit {
+namespace {
+
+namespace asio = boost::asio;
+namespace fs = std::filesystem;
+using asio::ip::tcp;
+
+// Between two tries to open the web port after a boot, when something else has taken it.
+constexpr std::chrono::seconds kListenRetry{1};
+constexpr std::int64_t kHighestPort = 65535;
+
+tcp::endpoint parse_listen(const std::string& text) {
+    const auto colon = text.rfind(':');
+    std::string host = text.substr(0, colon);
+    if (host.starts_with('[') && host.ends_with(']')) {
+        host = host.substr(1, host.size() - 2);
+    }
+    boost::system::error_code error;
+    const auto address = asio::ip::make_address(host, error);
+    const auto port = colon == std::string::npos
+                          ? std::nullopt
+                          : whole_number(std::string_view{text}.substr(colon + 1), 0, kHighestPort);
+    if (error || !port) {
+        throw std::runtime_error("not an address to listen on, as IP:PORT: " + text);
+    }
+    return {address, static_cast<std::uint16_t>(*port)};
+}
+
+fs::path made_directory(const fs::path& directory) {
+    fs::create_directories(directory);
+    return directory;
+}
+
+ApplianceState named(const std::string& name) {
+    ApplianceState state;
+    state.name = name;
+    return state;
+}
+
+}  // namespace
+
+class Unit::Implementation {
+  public:
+    explicit Implementation(const UnitOptions& options);
+
+    [[nodiscard]] const tcp::endpoint& address() const { return listener_.address(); }
+
+    void run();
+    void stop();
+    void stop_on_signals();
+
+  private:
+    void close_all() noexcept;
+    std::string answer_line(std::string_view line);
+    std::string carry_out(const UnitCommand& command);
+    void switch_power(PowerSwitch position);
+    void boot(std::chrono::milliseconds time);
+    void finish_boot();
+
+    asio::io_context loop_{1};
+    asio::signal_set signals_{loop_};
+    asio::steady_timer boot_timer_{loop_};
+    TaskGroup browsing_{loop_.get_executor()};
+    std::chrono::milliseconds boot_time_;
+    tcp::endpoint listen_;
+    ControlSocket control_;  // before all that writes: it keeps a second unit out
+    Appliance appliance_;
+    WebListener listener_;
+};
+
+Unit::Implementation::Implementation(const UnitOptions& options)
+    : boot_time_(options.boot_time),
+      listen_(parse_listen(options.listen)),
+      control_(loop_, made_directory(options.state_directory) / kControlSocketName,
+               [this](std::string_view line) { return answer_line(line); }),
+      appliance_(named(options.name), Recorder(options.state_directory),
+                 FetchIdentity{listen_.address(), options.name}, browsing_),
+      listener_(loop_, listen_, appliance_) {
+    listener_.open();
+}
+
+void Unit::Implementation::run() {
+    asio::post(loop_, [this] {
+        control_.start();
+        listener_.start();
+    });
+    loop_.run();
+}
+
+void Unit::Implementation::stop() {
+    asio::post(loop_, [this] { close_all(); });
+}
+
+void Unit::Implementation::stop_on_signals() {
+    signals_.add(SIGINT);
+    signals_.add(SIGTERM);
+    signals_.async_wait([this](const boost::system::error_code& error, int) {
+        if (!error) {
+            close_all();
+        }
+    });
+}
+
+void Unit::Implementation::close_all() noexcept {
+    boost::system::error_code ignored;
+    signals_.cancel(ignored);
+    boot_timer_.cancel(ignored);
+    control_.close();
+    listener_.close();
+    browsing_.cancel_all();
+}
+
+std::string Unit::Implementation::answer_line(std::string_view line) {
+    try {
+        return carry_out(parse_unit_command(line));
+    } catch (const std::exception& error) {
+        return std::string("error: ") + error.what();
+    }
+}
+
+std::string Unit::Implementation::carry_out(const UnitCommand& command) {
+    if (std::holds_alternative<AskState>(command)) {
+        return appliance_.state_line();
+    }
+    if (const auto* fault = std::get_if<Fault>(&command)) {
+        appliance_.set_fault(*fault);
+    } else if (const auto* position = std::get_if<PowerSwitch>(&command)) {
+        switch_power(*position);
+    } else {
+        boot_time_ = std::get<SetBootTime>(command).boot_time;
+    }
+    return "ok";
+}
+
+void Unit::Implementation::switch_power(PowerSwitch position) {
+    if (position == PowerSwitch::On) {
+        if (appliance_.power() == Power::Off) {
+            appliance_.set_power(Power::Booting);
+            boot(boot_time_);
+        }
+        return;
+    }
+    boot_timer_.cancel();
+    listener_.close();
+    appliance_.set_power(Power::Off);
+}
+
+void Unit::Implementation::boot(std::chrono::milliseconds time) {
+    if (time == std::chrono::milliseconds::zero()) {
+        finish_boot();
+        return;
+    }
+    boot_timer_.expires_after(time);
+    boot_timer_.async_wait([this](const boost::system::error_code& error) {
+        if (!error) {
+            finish_boot();
+        }
+    });
+}
+
+void Unit::Implementation::finish_boot() {
+    // The power may have failed when this was already on its way.
+    if (appliance_.power() != Power::Booting) {
+        return;
+    }
+    try {
+        listener_.open();
+        listener_.start();
+        appliance_.set_power(Power::On);
+    } catch (const std::runtime_error& error) {
+        std::cerr << "unit: " << error.what() << '\n';
+        listener_.close();
+        boot(kListenRetry);
+    }
+}
+
+Unit::Unit(const UnitOptions& options)
+    : implementation_(std::make_unique<Implementation>(options)) {}
+
+Unit::~Unit() = default;
+
+std::string Unit::address() const {
+    std::ostringstream text;
+    text << implementation_->address();
+    return text.str();
+}
+
+std::uint16_t Unit::port() const noexcept {
+    return implementation_->address().port();
+}
+
+void Unit::run() {
+    implementation_->run();
+}
+
+void Unit::stop() {
+    implementation_->stop();
+}
+
+void Unit::stop_on_signals() {
+    implementation_->stop_on_signals();
+}
+
+}  // namespace unit
