@@ -1,0 +1,84 @@
+#include "plugin/menu.h"
+
+#include <array>
+
+#include "host/desktop.h"
+#include "plugin/subsystems.h"
+
+namespace plugin {
+
+namespace {
+
+void browse_status_page(Subsystems& parts) {
+    if (!parts.instance.XapHosted) {
+        return;
+    }
+    // With this backslash: browsers take it as they take a slash.
+    parts.instance.platform().desktop.start_browser(
+        "http://127.0.0.1:" + parts.instance.settings.ServerPort + "\\status");
+}
+
+void start_slideshow(Subsystems& parts) {
+    parts.instance.SlideshowMode = 1;
+    for (const auto& unit : parts.fleet.all()) {
+        unit->ShowSlideshow("");
+    }
+}
+
+void stop_slideshow(Subsystems& parts) {
+    parts.instance.SlideshowMode = 2;
+    if (parts.queue_timer != nullptr) {
+        parts.queue_timer->Timer3().set_enabled(false);
+    }
+    for (const auto& unit : parts.fleet.all()) {
+        unit->set_Slideshow(false);
+    }
+}
+
+void reset_queues(Subsystems& parts) {
+    for (const auto& unit : parts.fleet.all()) {
+        unit->ResetQueue();
+    }
+}
+
+template <bool disabled>
+void set_disabled(Subsystems& parts) {
+    for (const auto& unit : parts.fleet.all()) {
+        unit->set_DisablePlugin(disabled);
+    }
+}
+
+void show_help(Subsystems& parts) {
+    parts.instance.platform().desktop.start_browser(core::html_root(parts.instance) +
+                                                    "\\Help\\zynVelora\\zynVelora_Readme.htm");
+}
+
+struct MenuAction {
+    std::string_view entry;
+    void (*action)(Subsystems& parts);
+};
+
+constexpr std::array<MenuAction, 7> kMenuActions{{
+    {"Browser", &browse_status_page},
+    {"Start Slideshow", &start_slideshow},
+    {"Stop Slideshow", &stop_slideshow},
+    {"Reset Queue", &reset_queues},
+    {"Disable Plugin", &set_disabled<true>},
+    {"Enable Plugin", &set_disabled<false>},
+    {"Help", &show_help},
+}};
+
+}  // namespace
+
+void select_menu(Subsystems& parts, std::string_view entry) {
+    if (!parts.instance.InstanceActive) {
+        return;
+    }
+    for (const MenuAction& row : kMenuActions) {
+        if (row.entry == entry) {
+            row.action(parts);
+        }
+    }
+}
+
+}  // namespace plugin

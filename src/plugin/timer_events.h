@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstddef>
+
+#include "appliance/queue_timer.h"
+
+namespace plugin {
+
+struct Subsystems;
+
+// What each tick of the hidden event object does. Owned by the entry class. An error of a tick
+// that has no handler of its own goes to the pump's caller.
+class TimerEvents : public appliance::QueueTimerEvents {
+  public:
+    explicit TimerEvents(Subsystems& parts) : parts_(parts) {}
+
+    // The tick goes to the unit that has borrowed the timer. Throws: RunTimeError 9 from index 6
+    // on, where the pools end.
+    void Timer1_Timer(std::size_t index) override;
+    void IETimer_Timer(std::size_t index) override;
+
+    // Once a minute.
+    void Timer2_Timer() override;
+
+  private:
+    Subsystems& parts_;
+};
+
+}  // namespace plugin
