@@ -170,6 +170,7 @@ std::vector<std::string> nearest_names(std::span<const Member> members, std::str
         near.erase(near.begin() + static_cast<std::ptrdiff_t>(count), near.end());
     }
     std::vector<std::string> names;
+    names.reserve(near.size());
     for (const Nearness& candidate : near) {
         names.emplace_back(candidate.name);
     }

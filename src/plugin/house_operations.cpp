@@ -18,6 +18,7 @@ std::string identity(std::string_view name) {
 std::string joined(const std::vector<fleet::Appliance>& table,
                    std::string fleet::Appliance::*field) {
     std::vector<std::string> texts;
+    texts.reserve(table.size());
     for (const fleet::Appliance& appliance : table) {
         texts.push_back(appliance.*field);
     }
@@ -61,7 +62,7 @@ std::string ScriptInterface::VELORAIPS() {
 }
 
 std::string ScriptInterface::VeloraTextToWav(const std::string& sText) {
-    const std::string file = parts_.sound_files.next_shared_name();
+    std::string file = parts_.sound_files.next_shared_name();
     parts_.sound_files.TextToWavFile(sText, file);
     return file;
 }

@@ -139,13 +139,20 @@ class ScriptInterface final : public automation::TableObject {
     using Ignored = std::optional<automation::Value>;
 
     template <auto answer>
-    [[nodiscard]] auto constant(Ignored, Ignored, Ignored, Ignored) const {
+    [[nodiscard]] auto constant(const Ignored&, const Ignored&, const Ignored&,
+                                const Ignored&) const {
         return answer;
     }
 
-    [[nodiscard]] std::string no_text(Ignored, Ignored, Ignored, Ignored) const { return {}; }
+    [[nodiscard]] std::string no_text(const Ignored&, const Ignored&, const Ignored&,
+                                      const Ignored&) const {
+        return {};
+    }
 
-    [[nodiscard]] automation::Value nothing(Ignored, Ignored, Ignored, Ignored) const { return {}; }
+    [[nodiscard]] automation::Value nothing(const Ignored&, const Ignored&, const Ignored&,
+                                            const Ignored&) const {
+        return {};
+    }
 
   private:
     using Unit = appliance::Velora;

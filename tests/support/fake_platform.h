@@ -1,0 +1,118 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "automation/run_time_error.h"
+#include "host/clock.h"
+#include "host/desktop.h"
+#include "host/platform.h"
+#include "host/settings.h"
+#include "host/speech.h"
+#include "support/memory_files.h"
+#include "support/memory_network.h"
+#include "support/scripted_units.h"
+#include "support/virtual_pump.h"
+
+namespace support {
+
+// Random numbers that are the same in each run: 0.1001, 0.1002, ..., 0.1009, 0.1011, ..., all with
+// four digits behind the point, so that no tag made of them is a part of another.
+class FixedRandom final : public host::Random {
+  public:
+    // This number comes before the sequence goes on.
+    void push(float number) { ordered_.push_back(number); }
+
+    [[nodiscard]] int seedings() const noexcept { return seedings_; }
+
+    float next() override;
+
+    void seed_from_clock() override { ++seedings_; }
+
+  private:
+    std::deque<float> ordered_;
+    int count_ = 0;
+    int seedings_ = 0;
+};
+
+// A speech platform that writes a file of a given size and remembers what it was to say.
+class FakeSpeech final : public host::Speech {
+  public:
+    explicit FakeSpeech(host::Files& files) : files_(files) {}
+
+    void install_voices(std::vector<std::string> voices) { voices_ = std::move(voices); }
+
+    void set_wav_size(std::size_t bytes) { wav_size_ = bytes; }
+
+    // Every call fails with this error; none again for nullopt.
+    void fail_with(std::optional<automation::ErrorNumber> error) { error_ = error; }
+
+    // "text | voice | path", "default" standing for the platform's own voice.
+    [[nodiscard]] const std::vector<std::string>& spoken() const noexcept { return spoken_; }
+
+    [[nodiscard]] std::vector<std::string> GetVoices() override;
+    void Speak(std::string_view text, std::optional<std::size_t> voice, std::string_view path,
+               int format) override;
+
+  private:
+    void throw_if_broken() const;
+
+    host::Files& files_;
+    std::vector<std::string> voices_{"Microsoft Sam", "Microsoft Mary"};
+    std::size_t wav_size_ = 44;
+    std::optional<automation::ErrorNumber> error_;
+    std::vector<std::string> spoken_;
+};
+
+class MemoryUserStore final : public host::UserStore {
+  public:
+    [[nodiscard]] std::string GetSetting(std::string_view title, std::string_view section,
+                                         std::string_view key, std::string_view fallback) override;
+    void SaveSetting(std::string_view title, std::string_view section, std::string_view key,
+                     std::string_view value) override;
+
+  private:
+    std::map<std::string, std::string> values_;
+};
+
+class RecordingDesktop final : public host::Desktop {
+  public:
+    [[nodiscard]] const std::vector<std::string>& messages() const noexcept { return messages_; }
+
+    [[nodiscard]] const std::vector<std::string>& pages() const noexcept { return pages_; }
+
+    void message_box(std::string_view text) override { messages_.emplace_back(text); }
+
+    void start_browser(std::string_view address) override { pages_.emplace_back(address); }
+
+  private:
+    std::vector<std::string> messages_;
+    std::vector<std::string> pages_;
+};
+
+// The machine of tests: all parts of a platform in memory, on the virtual clock. Owned by the
+// fixture, as its first member; its parts are public, since a test plays with each.
+struct FakeMachine {
+    VirtualPump pump;
+    HouseTrace trace{pump};
+    FixedRandom random;
+    MemoryFiles files{pump};
+    MemoryNetwork network{pump};
+    ScriptedUnits units{pump, trace};
+    FakeSpeech speech{files};
+    MemoryUserStore user_store;
+    RecordingDesktop desktop;
+    host::Protection protection;
+
+    [[nodiscard]] host::Platform platform() {
+        return {pump, pump, random, files, network, units, speech, user_store, desktop, protection};
+    }
+};
+
+}  // namespace support
