@@ -77,7 +77,7 @@ std::string CommandQueue::AsyncCommand(const std::string& command, std::int32_t 
                                        const std::string& /*tag*/) {
     return guarded(log_, "AsyncCommand ", [&]() -> std::string {
         // The caller's tag has never reached the queue: every command gets one of its own.
-        const std::string tag = core::MakeTag(instance_);
+        std::string tag = core::MakeTag(instance_);
         log_.debug([&] { return "Async Command, " + command + "," + tag; });
         if (state_.DisablePlugin) {
             return {};
@@ -182,8 +182,9 @@ bool CommandQueue::GetFromQueue() {
             return "GetFromQueueUpdatePending= " + automation::text_of(state_.QueueUpdating);
         });
         const bool obtained = !state_.QueueUpdating;
+        std::string tag;
         if (obtained) {
-            take_first();
+            tag = take_first();
         } else {
             // The timer is off by now and stays so: the queue rests until something moves it.
             state_.RetriesLeft = 0;
@@ -192,11 +193,12 @@ bool CommandQueue::GetFromQueue() {
         }
         log_.debug(
             [&] { return "GetFromQue Command Obtained Status=" + automation::text_of(obtained); });
+        state_.CurrentTag = tag;
         return obtained;
     });
 }
 
-void CommandQueue::take_first() {
+std::string CommandQueue::take_first() {
     const Entry first = entries_.at(1);
     state_.CurrentCommand = first.command;
     state_.CurrentTimeout = first.timeout_ms;
@@ -205,7 +207,7 @@ void CommandQueue::take_first() {
     show_waiting_commands();
     state_.QueueEmpty = waiting() < 1;
     state_.RetriesLeft = instance_.settings.CommandRetries;
-    state_.CurrentTag = first.tag;
+    return first.tag;
 }
 
 void CommandQueue::show_waiting_commands() {

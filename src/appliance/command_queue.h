@@ -106,7 +106,7 @@ class CommandQueue {
 
     void ShowQueue();
 
-    // "Queue: 2) | led.shtml?t1 | scrOn.shtml"
+    // "Queue: 2)  | led.shtml?t1 | scrOn.shtml"; "Queue: 0) " when none waits.
     [[nodiscard]] std::string queue_text() const;
 
     // Tick of the command timer.
@@ -157,7 +157,7 @@ class CommandQueue {
     [[nodiscard]] bool GetFromQueue();
     void forget_given_up_queue();
     void append(Entry entry);
-    void take_first();
+    std::string take_first();  // gives its tag
     void show_waiting_commands();
     void shrink_to_placeholder();
     void update_queue_tags();

@@ -52,6 +52,8 @@ void CommandQueue::ForcePowerCycle(Waiting waiting_commands) {
     state_.PowerCycleInProgress = true;
     if (waiting_commands == Waiting::Forget) {
         ResetQueue();
+    } else {
+        state_.PowerWait = true;  // a tick within the host's call finds the off phase
     }
     owner_.hsExecX10(owner_.PowerDevice(), "off");
     state_.PowerWait = true;
@@ -65,7 +67,8 @@ void CommandQueue::off_phase_ended() {
     }
     owner_.hsExecX10(owner_.PowerDevice(), "on");
     const std::int32_t boot_time = instance_.settings.PowerUpTime;
-    state_.PowerUpMinutes = automation::checked_int16(boot_time / kMillisecondsPerMinute + 1);
+    const std::int32_t minutes = boot_time / kMillisecondsPerMinute + 1;
+    state_.PowerUpMinutes = automation::checked_int16(minutes);
     state_.PowerWait = false;
     arm(milliseconds(boot_time % kMillisecondsPerMinute + kBootRemainderExtra));
     owner_.power_came_back();

@@ -251,7 +251,8 @@ class Velora : public TimerOwner, private QueueOwner, public std::enable_shared_
     std::string SendSleepStatus(const std::string& tag);
     [[nodiscard]] bool AwakeStatus();
     void read_sleep_answer(const std::string& body);
-    std::string send_page(const std::string& page, const std::string& url, const std::string& tag);
+    void prepare_page(const std::string& page, const std::string& tag);
+    std::string load_page(const std::string& url, const std::string& tag);
     [[nodiscard]] std::string own_server_url(const std::string& path) const;
     std::string TextToWav(const std::string& text);
     [[nodiscard]] std::string next_temporary_name(std::string_view extension);

@@ -143,15 +143,17 @@ std::string Velora::own_server_url(const std::string& path) const {
     return "http://" + settings.HomeseerIP + ":" + settings.unit_port() + "/" + path;
 }
 
-std::string Velora::send_page(const std::string& page, const std::string& url,
-                              const std::string& tag) {
+void Velora::prepare_page(const std::string& page, const std::string& tag) {
     if (Sleep() != "always awake") {
         SleepControl("awake", tag);
     }
     browser_full_screen_ = false;
     show_status(SubDevice::Browser, devices::kStatusNavButtons);
-    display_ = page;
     services_.status_board.show_silently(device_code(SubDevice::Display), page);
+    display_ = page;
+}
+
+std::string Velora::load_page(const std::string& url, const std::string& tag) {
     std::string queued = AsyncCommand("gotoURL.shtml?M=GOTO_URL&S=" + url, kPushTimeout, tag);
     services_.status_board.announce(device_code(SubDevice::Display));
     return queued;
@@ -159,16 +161,20 @@ std::string Velora::send_page(const std::string& page, const std::string& url,
 
 std::string Velora::PushPage(const std::string& page, const std::string& tag) {
     return guarded(log_, "SendPushPage ", [&] {
-        log_.debug([&] { return "PushPageTag=" + tag; });
+        prepare_page(page, tag);
         if (page != kSlideshowPage) {
             shows_slides_ = false;
         }
-        return send_page(page, own_server_url(page), tag);
+        log_.debug([&] { return "PushPageTag=" + tag; });
+        return load_page(own_server_url(page), tag);
     });
 }
 
 std::string Velora::PushIISPage(const std::string& url, const std::string& tag) {
-    return guarded(log_, "SendPushIISPage ", [&] { return send_page(url, "http://" + url, tag); });
+    return guarded(log_, "SendPushIISPage ", [&] {
+        prepare_page(url, tag);
+        return load_page("http://" + url, tag);
+    });
 }
 
 std::string Velora::SendPushFullscreen(const std::string& page, const std::string& tag) {

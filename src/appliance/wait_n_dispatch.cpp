@@ -14,6 +14,20 @@ constexpr auto kNotReentrant = static_cast<std::int32_t>(0x800403E9);
 constexpr const char* kNotReentrantText =
     "This function is not reentrant. If you want to wait for a second period use a new object";
 
+// Marks an object as waiting for as long as it lives, also when an event throws through the wait.
+class WaitMark {
+  public:
+    explicit WaitMark(bool& mark) : mark_(mark) { mark_ = true; }
+
+    WaitMark(const WaitMark&) = delete;
+    WaitMark& operator=(const WaitMark&) = delete;
+
+    ~WaitMark() { mark_ = false; }
+
+  private:
+    bool& mark_;
+};
+
 }  // namespace
 
 CWaitNDispatch::CWaitNDispatch(host::Pump& pump, std::function<void()> OnTimer)
@@ -33,13 +47,12 @@ void CWaitNDispatch::Wait(std::int32_t milliseconds) {
         return;
     }
     const std::shared_ptr<State> state = state_;  // *this may go while the pump runs
-    state->is_waiting = true;
+    const WaitMark mark(state->is_waiting);
     state->cancelled = false;
     pump_.run_until([state] { return state->cancelled; }, std::chrono::milliseconds(milliseconds));
     if (state->OnTimer) {
         state->OnTimer();
     }
-    state->is_waiting = false;
 }
 
 void CWaitNDispatch::Cancel() noexcept {

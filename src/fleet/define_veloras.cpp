@@ -74,11 +74,12 @@ void Fleet::DefineVeloras() {
             appliance.VeloraActive = false;
         }
         power_device_list_.clear();
-        const std::vector<NameLine> lines = read_name_lines();
-        if (lines.empty()) {
+        const std::string section = names_section();
+        if (section.empty()) {
             table_.front().VeloraDC.clear();
+            settle(table_.front(), numbers);
         }
-        for (const NameLine& line : lines) {
+        for (const NameLine& line : lines_of(section)) {
             take_line(line, numbers);
         }
         remove_inactive();
@@ -87,9 +88,12 @@ void Fleet::DefineVeloras() {
     });
 }
 
-std::vector<Fleet::NameLine> Fleet::read_name_lines() const {
-    const std::string section = restore_brackets(core::without_quotes(
+std::string Fleet::names_section() const {
+    return restore_brackets(core::without_quotes(
         services_.instance.hs().GetINISection(kNamesSection, core::kSettingsFile)));
+}
+
+std::vector<Fleet::NameLine> Fleet::lines_of(const std::string& section) {
     std::vector<NameLine> lines;
     for (const std::string& entry : split(section, '\0')) {
         const std::vector<std::string> sides = split(entry, '=');
@@ -127,15 +131,21 @@ void Fleet::take_line(const NameLine& line, DeviceNumbers& numbers) {
     if (appliance.VeloraDC.empty()) {
         allocate_block(appliance, line);
     }
+    if (!appliance.VeloraDC.empty()) {
+        appliance.VeloraName = line.name;
+    }
+    settle(appliance, numbers);
+}
+
+void Fleet::settle(Appliance& appliance, DeviceNumbers& numbers) {
     if (appliance.VeloraDC.empty()) {
         appliance.VeloraActive = false;
-        return;
-    }
-    appliance.VeloraName = line.name;
-    update_unit(appliance);
-    if (appliance.VeloraDC.substr(0, 1) == services_.instance.HouseCode) {
-        numbers.mark_block(
-            static_cast<int>(automation::numeric_prefix(appliance.VeloraDC.substr(1))));
+    } else {
+        update_unit(appliance);
+        if (appliance.VeloraDC.substr(0, 1) == services_.instance.HouseCode) {
+            numbers.mark_block(
+                static_cast<int>(automation::numeric_prefix(appliance.VeloraDC.substr(1))));
+        }
     }
     note_power_device(appliance);
 }

@@ -74,9 +74,11 @@ class Fleet {
     class DeviceNumbers;
     struct NameLine;
 
-    [[nodiscard]] std::vector<NameLine> read_name_lines() const;
+    [[nodiscard]] std::string names_section() const;
+    [[nodiscard]] static std::vector<NameLine> lines_of(const std::string& section);
     Appliance& slot_for(const NameLine& line);
     void take_line(const NameLine& line, DeviceNumbers& numbers);
+    void settle(Appliance& appliance, DeviceNumbers& numbers);
     void fill(Appliance& appliance, const NameLine& line);
     void allocate_block(Appliance& appliance, const NameLine& line);
     void update_unit(Appliance& appliance);

@@ -22,6 +22,12 @@ constexpr std::size_t kShortestBody = 3;
 // What `GetContent` drops: the blank line and, as kept, one character of the body.
 constexpr std::size_t kDroppedFromContent = kHeaderEnd.size() + 1;
 
+std::string key_value_line(const std::string& key, const std::string& value) {
+    std::string line("KeyValue ");
+    line.append(key).append(" = ").append(value);
+    return line;
+}
+
 // Position counted from 1, 0 for npos.
 std::size_t position(std::size_t index) {
     return index == std::string_view::npos ? 0 : index + 1;
@@ -131,7 +137,7 @@ void Request::KeyValue(std::string_view text, ParameterCollection& collection) {
         const std::string value(pieces.size() > 1 ? pieces[1] : std::string_view());
         collection.add(key, {key, value});
         core::ignoring_errors(
-            log_, [&] { debug_log_.debug([&] { return "KeyValue " + key + " = " + value; }); });
+            log_, [&] { debug_log_.debug([&] { return key_value_line(key, value); }); });
     }
     log_.clear_pending();
 }

@@ -84,7 +84,8 @@ void Response::RedirectToHS(const std::string& sLocation, const Request& oReques
                                                    location, oRequest.Query(), payload);
         server_.debug_log().debug([&] {
             return ">>>>>>>>>>> " + std::string(is_unit ? "Resubmit" : "Redirect") + payload +
-                   " to location " + location + " socket " + std::to_string(index);
+                   " to location " + sLocation + oRequest.page() + " socket " +
+                   std::to_string(index);
         });
         send_text(index, text, "TextString");
     });
@@ -188,7 +189,8 @@ void Response::wait_for_send(std::int16_t index) {
 // --- for scripts --------------------------------------------------------------------------------
 
 void Response::redirect_object(const std::string& location,
-                               std::shared_ptr<automation::Object> request, std::int16_t index) {
+                               const std::shared_ptr<automation::Object>& request,
+                               std::int16_t index) {
     const auto target = std::dynamic_pointer_cast<Request>(request);
     if (!target) {
         throw RunTimeError(ErrorNumber::TypeMismatch);

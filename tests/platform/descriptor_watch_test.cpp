@@ -9,6 +9,7 @@
 #include <memory>
 #include <string>
 
+#include "automation/run_time_error.h"
 #include "platform/asio/asio_pump.h"
 
 namespace platform {
@@ -42,6 +43,31 @@ TEST(DescriptorWatch, TellsAgainAndAgainUntilItIsDestroyedInItsEvent) {
     EXPECT_EQ(trace, "wrr");
     EXPECT_EQ(close(ends[0]), 0);
     EXPECT_EQ(close(ends[1]), 0);
+}
+
+TEST(DescriptorWatch, IsSilentOnceTheInterestIsTakenBack) {
+    AsioPump pump;
+    std::array<int, 2> ends{};
+    ASSERT_EQ(socketpair(AF_UNIX, SOCK_STREAM, 0, ends.data()), 0);
+    int told = 0;
+    {
+        DescriptorWatch watch(pump, ends[0], [&](DescriptorWatch::Ready) { ++told; });
+        watch.set_interest({.read = true});
+        watch.set_interest({});
+        EXPECT_EQ(write(ends[1], "x", 1), 1);
+        pump.run_until([] { return false; }, 2ms);
+        EXPECT_EQ(told, 0);
+        watch.set_interest({.read = true});
+        EXPECT_TRUE(pump.run_until([&] { return told > 0; }, kPatience)) << "wanted again";
+    }
+    EXPECT_EQ(close(ends[0]), 0) << "the watch has left it open";
+    EXPECT_EQ(close(ends[1]), 0);
+}
+
+TEST(DescriptorWatch, RefusesWhatIsNoDescriptor) {
+    AsioPump pump;
+    EXPECT_THROW(DescriptorWatch(pump, -1, [](DescriptorWatch::Ready) {}),
+                 automation::RunTimeError);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/system/child_process.h"
 #include "platform/system/local_time.h"
 #include "platform/system/log_desktop.h"
 #include "platform/system/system_clock.h"
@@ -47,6 +48,24 @@ TEST(LogDesktop, TellsWhatWouldBeShown) {
     desktop.start_browser("http://127.0.0.1/status");
     EXPECT_THAT(lines,
                 testing::ElementsAre("Message: No units", "Browser: http://127.0.0.1/status"));
+}
+
+TEST(ChildProcess, EndsInOneOfFourWays) {
+    const struct {
+        std::vector<std::string> words;
+        std::chrono::milliseconds limit;
+        ChildEnd end;
+    } rows[] = {
+        {{"sh", "-c", "exit 0"}, 1min, ChildEnd::Success},
+        {{"sh", "-c", "read line"}, 1min, ChildEnd::Failure},  // nothing to read
+        {{"sh", "-c", "kill -9 $$"}, 1min, ChildEnd::Failure},
+        {{"sleep", "3600"}, 5ms, ChildEnd::TimedOut},
+        {{"no-such-program"}, 1min, ChildEnd::NotStarted},
+    };
+
+    for (const auto& row : rows) {
+        EXPECT_EQ(run_child(row.words, row.limit), row.end) << row.words.back();
+    }
 }
 
 }  // namespace

@@ -25,12 +25,12 @@ namespace support {
 
 // What a line of the settings says of a unit beside its name.
 struct UnitLine {
-    std::string dc;
-    std::string power;
-    std::string motion;
+    std::string dc{};
+    std::string power{};
+    std::string motion{};
     int slideshow = 0;
-    std::string caller_id;
-    std::string x10_server;
+    std::string caller_id{};
+    std::string x10_server{};
 };
 
 // A house of units without the plug-in's entry class: host, machine and fleet, and the timers of

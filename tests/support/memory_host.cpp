@@ -44,6 +44,17 @@ void MemoryHost::put_setting(std::string_view section, std::string_view key, std
     }
 }
 
+void MemoryHost::put_device(std::string_view code, std::string_view owner,
+                            std::string_view iomisc) {
+    const auto device = devices_.GetDeviceByRef(devices_.NewDeviceRef("a device"));
+    host::DeviceFields fields = device->fields();
+    fields.hc = code.substr(0, 1);
+    fields.dc = code.substr(1);
+    fields.interface_name = owner;
+    fields.iomisc = iomisc;
+    device->set_fields(fields);
+}
+
 void MemoryHost::remove_section(std::string_view section, std::string_view file) {
     sections_.erase(section_key(section, file));
 }

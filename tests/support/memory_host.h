@@ -36,6 +36,10 @@ class MemoryHost final : public host::HostInterface, public host::CallbackObject
     // "Setup" makes it the separate xAP program.
     void set_type_name(std::string_view name) { type_name_ = name; }
 
+    // A device that somebody has made, the plug-in's own if `owner` says so.
+    void put_device(std::string_view code, std::string_view owner = "",
+                    std::string_view iomisc = "");
+
     // The callback object then finds no host.
     void become_unreachable() { is_reachable_ = false; }
 

@@ -164,8 +164,7 @@ std::string IniFiles::GetINISection(std::string_view section, std::string_view f
     }
     std::string text;
     for (const auto& [key, value] : current(path)->document.entries(section)) {
-        text += key + "=" + value;
-        text += '\0';
+        text.append(key).append("=").append(value).append(1, '\0');
     }
     return text;
 }

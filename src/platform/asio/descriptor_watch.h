@@ -25,7 +25,7 @@ class DescriptorWatch {
     // `on_ready` runs as an event, again and again as long as the descriptor is ready for what is
     // of interest; an error of the descriptor makes it ready. The watch may be set anew or
     // destroyed there. Nothing is of interest at first.
-    // Throws: RunTimeError 57 for a descriptor that cannot be watched, such as a plain file's.
+    // Throws: RunTimeError 57 for a number that is no descriptor. A plain file is always ready.
     DescriptorWatch(AsioPump& pump, int descriptor, std::function<void(Ready)> on_ready);
     DescriptorWatch(const DescriptorWatch&) = delete;
     DescriptorWatch& operator=(const DescriptorWatch&) = delete;

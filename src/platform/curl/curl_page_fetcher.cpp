@@ -37,7 +37,7 @@ class Page final : public std::enable_shared_from_this<Page> {
     [[nodiscard]] std::string text() const { return body_inner_text(shown_.body, shown_.charset); }
 
   private:
-    void announce(std::shared_ptr<LoadedPage> loaded) {
+    void announce(const std::shared_ptr<LoadedPage>& loaded) {
         transfers_->pump().post([weak = weak_from_this(), generation = generation_, loaded] {
             const std::shared_ptr<Page> page = weak.lock();
             if (page && page->generation_ == generation) {

@@ -20,7 +20,7 @@ struct LoadedPage {
 };
 
 // A longer page completes with what it has by then.
-inline constexpr std::size_t kLongestBody = 1024 * 1024;
+inline constexpr std::size_t kLongestBody = std::size_t{1024} * 1024;
 
 // The loading of one page, from its making to its end; destroying it abandons it. Each load has a
 // connection of its own, since units close theirs.

@@ -9,7 +9,7 @@ namespace platform {
 
 // No more of a page is read for its text: the pages of a unit are a few words long, while the
 // tree of a page that is made to grow takes hundreds of times its size.
-inline constexpr std::size_t kLongestPageForText = 16 * 1024;
+inline constexpr std::size_t kLongestPageForText = std::size_t{16} * 1024;
 
 enum class PageCharset : std::uint8_t {
     Detect,  // UTF-8 if the whole page is valid UTF-8, else code page 1252

@@ -56,6 +56,7 @@ bool ends_within(int descriptor, milliseconds limit) {
 
 ChildEnd run_child(std::vector<std::string> words, milliseconds limit) {
     std::vector<char*> arguments;
+    arguments.reserve(words.size() + 1);
     for (std::string& word : words) {
         arguments.push_back(word.data());
     }
