@@ -1,0 +1,50 @@
+#include "app/control_client.h"
+
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <string>
+
+#include "app/home_path.h"
+#include "automation/run_time_error.h"
+
+namespace app {
+namespace {
+
+CommandFailure no_daemon(const std::filesystem::path& home, const automation::RunTimeError& error) {
+    return CommandFailure("no daemon answers in " + home.string() + " (" + error.description() +
+                          "); ./run.sh or \"zynvelora serve\" starts one");
+}
+
+}  // namespace
+
+ControlClient::ControlClient(const std::filesystem::path& home) try
+    : line_(control_socket_path(home)) {
+} catch (const automation::RunTimeError& error) {
+    throw no_daemon(home, error);
+}
+
+void ControlClient::send(const Json& request) {
+    try {
+        line_.send_line(one_line(request));
+    } catch (const automation::RunTimeError&) {
+        throw CommandFailure("the daemon has ended");
+    }
+}
+
+Json ControlClient::receive() {
+    const std::optional<std::string> line = line_.read_line();
+    if (!line) {
+        throw CommandFailure("the daemon has ended");
+    }
+    Json answer = Json::parse(*line, nullptr, false);
+    if (!answer.is_object()) {
+        throw CommandFailure("the daemon's answer makes no sense: " + *line);
+    }
+    if (const auto error = answer.find("error"); error != answer.end()) {
+        throw CommandFailure("error " + error->at("number").dump() + ": " +
+                             error->at("text").get<std::string>());
+    }
+    return answer;
+}
+
+}  // namespace app

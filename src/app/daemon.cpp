@@ -1,0 +1,174 @@
+#include "app/daemon.h"
+
+#include <csignal>
+#include <utility>
+
+#include "app/home_path.h"
+#include "app/speech_choice.h"
+#include "automation/code_page.h"
+#include "automation/convert.h"
+#include "automation/run_time_error.h"
+#include "automation/strings.h"
+#include "home/home_layout.h"
+#include "host/pump.h"
+
+namespace app {
+namespace {
+
+using automation::code_page_to_utf8;
+using automation::RunTimeError;
+
+constexpr std::string_view kLogType = "Daemon";
+constexpr std::string_view kHostSettings = "settings.ini";
+constexpr std::string_view kPluginSettings = "zynVeloraUtilities.ini";
+
+const std::filesystem::path& laid_out(const DaemonOptions& options) {
+    home::lay_out_home(options.home, options.data, {});
+    return options.home;
+}
+
+std::string plain_setting(host::Settings& settings, std::string_view section, std::string_view key,
+                          std::string_view fallback, std::string_view file) {
+    std::string text = settings.GetIniSetting(section, key, fallback, file);
+    std::erase(text, '"');
+    return automation::trim(text);
+}
+
+platform::AsioNetwork make_network(platform::AsioPump& pump, host::Settings& settings) {
+    constexpr std::string_view kKey = "ListenAddress";
+    const std::string address =
+        plain_setting(settings, "Settings", kKey, platform::AsioNetwork::kLoopback, kHostSettings);
+    try {
+        return platform::AsioNetwork(pump, address);
+    } catch (const RunTimeError& error) {
+        throw error.with_description(std::string(kHostSettings) + ", " + std::string(kKey) + ": " +
+                                     error.description());
+    }
+}
+
+// Runs a last step when the scope ends, however it ends.
+class AtTheEnd {
+  public:
+    explicit AtTheEnd(std::function<void()> step) : step_(std::move(step)) {}
+
+    AtTheEnd(const AtTheEnd&) = delete;
+    AtTheEnd& operator=(const AtTheEnd&) = delete;
+
+    ~AtTheEnd() { step_(); }
+
+  private:
+    std::function<void()> step_;
+};
+
+}  // namespace
+
+Daemon::Daemon(const DaemonOptions& options, const PluginFactory& make_plugin)
+    : home_(laid_out(options)),
+      lock_(home_),
+      host_(pump_, clock_, {.home = home_}),
+      network_(make_network(pump_, host_)),
+      page_fetcher_(pump_),
+      user_store_(host_),
+      speech_(choose_speech(host_, files_)),
+      desktop_([this](const std::string& line) { host_.Writelog("Desktop", line); }),
+      messenger_(pump_, host_),
+      power_wiring_(
+          host_, host_.x10_line(), host_, home_,
+          [this](const std::filesystem::path& unit, const std::string& command,
+                 const std::string& occasion) { messenger_.tell(unit, command, occasion); }),
+      plugin_(make_plugin(platform(options.protection))),
+      service_(*plugin_, host_.log()) {}
+
+host::Platform Daemon::platform(const host::Protection& protection) {
+    return {.pump = pump_,
+            .clock = clock_,
+            .random = random_,
+            .files = files_,
+            .network = network_,
+            .page_fetcher = page_fetcher_,
+            .speech = *speech_,
+            .user_store = user_store_,
+            .desktop = desktop_,
+            .protection = protection};
+}
+
+void Daemon::run(const std::function<void()>& when_up) {
+    pump_.on_stop_signal([this] { on_signal(); });
+    const AtTheEnd last_step([this] { shut_down(); });
+    try {
+        start();
+        when_up();
+        serve();
+    } catch (const host::PumpStopped&) {
+        // A signal while the plug-in was still starting.
+    }
+}
+
+// The pump stops first, so that no operation is left waiting underneath when the plug-in ends.
+// From now on nobody is there to take a signal as an event.
+void Daemon::on_signal() {
+    stopping_ = true;
+    pump_.stop();
+    std::signal(SIGINT, SIG_DFL);
+    std::signal(SIGTERM, SIG_DFL);
+}
+
+void Daemon::start() {
+    power_wiring_.switch_all_on();
+    plugin_->RegisterCallback(host_);
+    plugin_->InitIO(0);
+    control_socket_.emplace(pump_, control_socket_path(home_), service_);
+}
+
+// An error that an event lets through ends that event, not the daemon.
+void Daemon::serve() {
+    while (!stopping_) {
+        try {
+            pump_.run();
+        } catch (const RunTimeError& error) {
+            log_error(error.description());
+        } catch (const std::exception& error) {
+            log_error(automation::utf8_to_code_page(error.what()));
+        }
+    }
+}
+
+void Daemon::shut_down() {
+    control_socket_.reset();
+    try {
+        plugin_->ShutdownIO();
+    } catch (const host::PumpStopped&) {
+        // It wanted to wait for something, and there is no time left.
+    } catch (const RunTimeError& error) {
+        log_error(error.description());
+    }
+}
+
+void Daemon::log_error(const std::string& text) {
+    host_.Writelog(kLogType, "Error in an event: " + text);
+}
+
+// --- what it looks like from outside ------------------------------------------------------------
+
+std::string Daemon::web_server() {
+    const auto setting = [this](std::string_view key, std::string_view fallback) {
+        return plain_setting(host_, "Velora Utilities", key, fallback, kPluginSettings);
+    };
+    const std::string port = setting("ServerPort", "");
+    if (setting("TCPServerOption", "0") == "1" || !automation::is_numeric(port)) {
+        return "no web server";
+    }
+    return "web server http://" + setting("HomeseerIP", "192.168.0.1") + ":" + port + "/";
+}
+
+std::string Daemon::summary() {
+    std::vector<std::string> names;
+    for (const host::UnitStatus& unit : plugin_->status().units) {
+        names.push_back(unit.name);
+    }
+    const std::string units = names.empty() ? "no units" : "units " + automation::join(names, ", ");
+    return "home " + home_.string() + ", " + code_page_to_utf8(web_server()) + ", " +
+           code_page_to_utf8(units);
+}
+
+}  // namespace app
