@@ -1,0 +1,74 @@
+#pragma once
+
+#include <chrono>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "automation/value.h"
+#include "home/embedded_host.h"
+#include "home/ini_user_store.h"
+#include "platform/asio/asio_network.h"
+#include "platform/asio/asio_pump.h"
+#include "platform/curl/curl_page_fetcher.h"
+#include "platform/system/command_speech.h"
+#include "platform/system/disk_files.h"
+#include "platform/system/log_desktop.h"
+#include "platform/system/system_clock.h"
+#include "platform/system/system_random.h"
+#include "plugin/hspi.h"
+
+namespace bench {
+
+// A folder for a home, removed with all that lies in it.
+class TemporaryHome {
+  public:
+    // Lays out a home whose one unit, Kitchen, has its web server there; the plug-in has none of
+    // its own.
+    explicit TemporaryHome(const std::string& unit_host_and_port);
+    TemporaryHome(const TemporaryHome&) = delete;
+    TemporaryHome& operator=(const TemporaryHome&) = delete;
+    ~TemporaryHome();
+
+    [[nodiscard]] const std::filesystem::path& path() const noexcept { return path_; }
+
+  private:
+    std::filesystem::path path_;
+};
+
+// The plug-in as the daemon carries it: on the machine's pump, sockets, page fetches and files, in
+// the embedded host. Speech alone is left out. Started, and idle, once it is made.
+class BenchHouse {
+  public:
+    explicit BenchHouse(const std::string& unit_host_and_port);
+    BenchHouse(const BenchHouse&) = delete;
+    BenchHouse& operator=(const BenchHouse&) = delete;
+    ~BenchHouse();
+
+    void call(std::string_view operation, std::vector<automation::Value> arguments);
+
+    // Runs events until no command waits or is in flight. Throws: std::runtime_error after 10 s.
+    void run_until_idle();
+
+    void run_for(std::chrono::milliseconds duration);
+
+  private:
+    [[nodiscard]] bool is_idle() const;
+
+    TemporaryHome home_;
+    platform::AsioPump pump_;
+    platform::SystemClock clock_;
+    platform::SystemRandom random_;
+    platform::DiskFiles files_;
+    home::EmbeddedHost host_;
+    platform::AsioNetwork network_;
+    platform::CurlPageFetcher page_fetcher_;
+    platform::CommandSpeech speech_;
+    home::IniUserStore user_store_;
+    platform::LogDesktop desktop_;
+    plugin::hspi plugin_;
+};
+
+}  // namespace bench
