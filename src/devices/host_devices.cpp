@@ -121,45 +121,42 @@ void HostDevices::InitDevices() {
     });
 }
 
+bool HostDevices::make_own_device(std::string_view name, std::string_view code, std::int32_t misc) {
+    if (hsDeviceExists(code) != host::kNoDevice) {
+        return false;
+    }
+    const std::shared_ptr<host::Device> device = NewHSDevice(name, code);
+    if (device == nullptr) {
+        return false;
+    }
+    host::DeviceFields fields = device->fields();
+    fields.location = "Velora";
+    fields.dev_type_string = "Velora";
+    fields.interface_name = kPluginName;
+    fields.misc = misc;
+    device->set_fields(fields);
+    return true;
+}
+
 void HostDevices::NewDevice(std::string_view code) {
     automation::guarded(instance_.log, "NewDevice: ", [&] {
-        if (hsDeviceExists(code) != host::kNoDevice) {
-            return;
+        if (make_own_device("Original Plugin Version", code, kOwnDeviceFlags)) {
+            instance_.hs().SetDeviceString(
+                code, "Original Install Version " + std::string(kProgramVersion));
+            instance_.hs().SetDeviceLastChange(code, instance_.platform().clock.now());
         }
-        const std::shared_ptr<host::Device> device = NewHSDevice("Original Plugin Version", code);
-        if (device == nullptr) {
-            return;
-        }
-        host::DeviceFields fields = device->fields();
-        fields.location = "Velora";
-        fields.dev_type_string = "Velora";
-        fields.interface_name = kPluginName;
-        fields.misc = kOwnDeviceFlags;
-        device->set_fields(fields);
-        instance_.hs().SetDeviceString(code,
-                                       "Original Install Version " + std::string(kProgramVersion));
-        instance_.hs().SetDeviceLastChange(code, instance_.platform().clock.now());
     });
 }
 
 void HostDevices::CIDDevice(std::string_view code) {
     automation::guarded(instance_.log, "CIDDevice: ", [&] {
-        if (hsDeviceExists(code) != host::kNoDevice) {
-            return;
+        const std::int32_t misc =
+            instance_.HostIsV2 ? kOwnDeviceFlags : kOwnDeviceFlagsOfOlderHosts;
+        if (make_own_device("CID Detected", code, misc)) {
+            instance_.hs().SetDeviceString(code, "");
+            instance_.hs().SetDeviceStatus(code, host::kStatusOff);
+            instance_.hs().SetDeviceLastChange(code, instance_.platform().clock.now());
         }
-        const std::shared_ptr<host::Device> device = NewHSDevice("CID Detected", code);
-        if (device == nullptr) {
-            return;
-        }
-        host::DeviceFields fields = device->fields();
-        fields.location = "Velora";
-        fields.dev_type_string = "Velora";
-        fields.interface_name = kPluginName;
-        fields.misc = instance_.HostIsV2 ? kOwnDeviceFlags : kOwnDeviceFlagsOfOlderHosts;
-        device->set_fields(fields);
-        instance_.hs().SetDeviceString(code, "");
-        instance_.hs().SetDeviceStatus(code, host::kStatusOff);
-        instance_.hs().SetDeviceLastChange(code, instance_.platform().clock.now());
     });
 }
 

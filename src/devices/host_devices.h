@@ -52,6 +52,10 @@ class HostDevices {
     [[nodiscard]] std::string GetHouseCode();
     [[nodiscard]] std::string house_code_by_enumerator();
     [[nodiscard]] std::string house_code_by_number();
+
+    // A device that belongs to the plug-in and to no unit; false when it is there already or the
+    // host refuses.
+    bool make_own_device(std::string_view name, std::string_view code, std::int32_t misc);
     void write_unit_device(host::Device& device, SubDevice sub_device, std::string_view location,
                            std::int32_t flags);
 

@@ -70,12 +70,7 @@ std::string StatusBoard::FormatValue(std::int16_t index, std::string_view text) 
         mark_up += kSubDevices[static_cast<std::size_t>(SubDeviceOfIndex(index))].name;
         mark_up += kImageBegin;
         mark_up += DeviceImages(index);
-        mark_up += kImageEnd;
-        mark_up += kFontBegin;
-        mark_up += instance_.settings.FontColor;
-        mark_up += kTextBegin;
-        mark_up += text;
-        mark_up += kTextEnd;
+        add_text(mark_up, text);
     });
     return mark_up;
 }
@@ -91,13 +86,18 @@ std::string StatusBoard::FormatString(std::string_view name) {
     mark_up += kImageBegin;
     mark_up += name;
     mark_up += ".gif";
+    add_text(mark_up, name);
+    return mark_up;
+}
+
+// What stands behind the picture's name.
+void StatusBoard::add_text(std::string& mark_up, std::string_view text) const {
     mark_up += kImageEnd;
     mark_up += kFontBegin;
     mark_up += instance_.settings.FontColor;
     mark_up += kTextBegin;
-    mark_up += name;
+    mark_up += text;
     mark_up += kTextEnd;
-    return mark_up;
 }
 
 }  // namespace devices

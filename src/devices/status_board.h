@@ -52,6 +52,8 @@ class StatusBoard {
     [[nodiscard]] std::string FormatString(std::string_view name);
 
   private:
+    void add_text(std::string& mark_up, std::string_view text) const;
+
     core::Instance& instance_;
     EndpointListener* listener_ = nullptr;
 };

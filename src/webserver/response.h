@@ -59,8 +59,8 @@ class Response final : public automation::TableObject {
     void wait_for_send(std::int16_t index);
     void yield();
     [[nodiscard]] bool is_refused(std::string_view file) const;
-    void redirect_object(const std::string& location, const std::shared_ptr<automation::Object>& request,
-                         std::int16_t index);
+    void redirect_object(const std::string& location,
+                         const std::shared_ptr<automation::Object>& request, std::int16_t index);
     [[nodiscard]] automation::Value unreadable() const;
 
     core::Instance& instance_;

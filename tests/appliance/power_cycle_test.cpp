@@ -174,6 +174,20 @@ TEST(GivenUp, UnitTakesOneProbeAndDropsWhatWouldWait) {
     EXPECT_LE(bench.unit().most_in_flight(), 1);
 }
 
+TEST(GivenUp, UnitIsMarkedIdleThoughItsLastCommandsWereUnderWay) {
+    QueueBench bench;
+    bench.cycles_on_silence();
+    bench.unit().goes_silent();
+    command_in_vain(bench, 7);
+    bench.send_pages(3);
+    bench.run_for(5s);  // the second command had just been sent
+    EXPECT_EQ(bench.state(), "given up");
+    EXPECT_THAT(bench.queue().waiting_commands(), IsEmpty());
+    command_in_vain(bench, 4);
+    EXPECT_EQ(bench.queue().state().PowerCycleCount, 4);
+    EXPECT_THAT(bench.host.log(), SizeIs(1));
+}
+
 TEST(GivenUp, UnitComesBackWithTheFirstPage) {
     QueueBench bench;
     bench.cycles_on_silence();

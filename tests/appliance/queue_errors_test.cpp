@@ -80,6 +80,7 @@ TEST(PageThatComesWhileACommandIsPutInTheQueue, LeavesTheQueueToRest) {
     EXPECT_EQ(bench.queue().state().QueueUpdating, false);
     EXPECT_EQ(bench.state(), "fetching");
     EXPECT_FALSE(bench.command_timer().enabled());
+    EXPECT_EQ(bench.command_timer().interval(), 100ms);
     EXPECT_FALSE(bench.queue().CommandBusy(first));
     bench.run_for(1h);
     EXPECT_THAT(bench.events(), ElementsAre("hall GET /cmd.shtml?1"));

@@ -150,6 +150,19 @@ TEST(Waits, WithinWhichAPowerCycleBeginsLeaveTheQueueToRest) {
     }
 }
 
+TEST(UdpGap, IsOverForACommandThatFindsTheUnitIdle) {
+    QueueBench bench;
+    bench.settings().UDPDelay = 300;
+    bench.settings().CommandRetries = 2;
+    bench.unit().goes_silent();
+    bench.send("beepcmd1");
+    bench.send("cmd.shtml?1");  // its silence is a time-out, and no end of a gap
+    bench.run_for(1min);
+    EXPECT_THAT(bench.trace(), ElementsAre("10:00:00.000 UDP Beep(1) to 192.168.0.20",
+                                           "10:00:00.000 hall GET /cmd.shtml?1",
+                                           "10:00:05.000 hall GET /cmd.shtml?1"));
+}
+
 TEST(UdpGap, IsKeptForADatagramThatLackedItsFields) {
     QueueBench bench;
     bench.settings().UDPDelay = 300;

@@ -94,7 +94,7 @@ class LocalLineExchange::Transfer : public std::enable_shared_from_this<Transfer
     void close() noexcept {
         error_code ignored;
         socket_.close(ignored);
-        limit_.cancel();
+        limit_.cancel(ignored);
     }
 
     stream_protocol::socket socket_;

@@ -16,9 +16,9 @@ class LocalLineTransfer;
 // is over, its members do nothing.
 class LineConnection {
   public:
-    static constexpr std::size_t kLongestLine = 1024 * 1024;  // a longer one ends the connection
-    static constexpr std::size_t kUnreadBytes =
-        4 * 1024 * 1024;  // so does a peer that reads no more
+    static constexpr std::size_t kMebibyte = std::size_t{1024} * 1024;
+    static constexpr std::size_t kLongestLine = kMebibyte;      // a longer one ends the connection
+    static constexpr std::size_t kUnreadBytes = 4 * kMebibyte;  // so does a peer that reads no more
 
     explicit LineConnection(const std::shared_ptr<LocalLineTransfer>& transfer)
         : transfer_(transfer) {}
