@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
-# Sets a Debian 12 machine up and passes every check of the project: format, lint, tests under the
-# address and undefined-behaviour sanitizers, tests of the release build.
+# Sets a Debian 12 machine up and passes the checks of the project.
 #
-#   ./test.sh              everything
-#   ./test.sh --fast       the release build and its tests alone
+#   ./test.sh          format of all sources, release build, all tests
+#   ./test.sh --all    beside that clang-tidy, and the tests under the address and
+#                      undefined-behaviour sanitizers
 set -euo pipefail
 cd "$(dirname "$0")"
 # shellcheck source=scripts/packages.sh
@@ -14,7 +14,7 @@ say() { printf '== %s\n' "$*"; }
 check_format() {
     say "Checking the format of all sources"
     git ls-files '*.cpp' '*.h' | xargs clang-format --dry-run -Werror
-    git ls-files '*.sh' .ci/run | xargs shellcheck
+    git ls-files '*.sh' .ci/run | xargs shellcheck -x
 }
 
 build() {
@@ -28,14 +28,15 @@ run_tests() {
     ctest --preset "$1"
 }
 
+say "Installing packages that are missing"
 install_packages "${ZYN_PACKAGES[@]}" "${ZYN_CHECK_PACKAGES[@]}"
-if [ "${1-}" != --fast ]; then
-    check_format
+check_format
+if [ "${1-}" = --all ]; then
     build asan
     run_tests asan
 fi
 build release
-if [ "${1-}" != --fast ]; then
+if [ "${1-}" = --all ]; then
     scripts/lint.sh build/release
 fi
 run_tests release

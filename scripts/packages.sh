@@ -14,7 +14,7 @@ ZYN_PACKAGES=(
 # What the checks of ./test.sh need beside them.
 # shellcheck disable=SC2034
 ZYN_CHECK_PACKAGES=(
-    git clang-format clang-tidy shellcheck libbenchmark-dev
+    git clang-format clang-tidy shellcheck libbenchmark-dev curl lighttpd procps
 )
 
 # Prints those of the named packages that are not installed, one a line.
