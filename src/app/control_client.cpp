@@ -15,13 +15,17 @@ CommandFailure no_daemon(const std::filesystem::path& home, const automation::Ru
                           "); ./run.sh or \"zynvelora serve\" starts one");
 }
 
+platform::LocalLineClient connected(const std::filesystem::path& home) {
+    try {
+        return platform::LocalLineClient(control_socket_path(home));
+    } catch (const automation::RunTimeError& error) {
+        throw no_daemon(home, error);
+    }
+}
+
 }  // namespace
 
-ControlClient::ControlClient(const std::filesystem::path& home) try
-    : line_(control_socket_path(home)) {
-} catch (const automation::RunTimeError& error) {
-    throw no_daemon(home, error);
-}
+ControlClient::ControlClient(const std::filesystem::path& home) : line_(connected(home)) {}
 
 void ControlClient::send(const Json& request) {
     try {
