@@ -4,8 +4,14 @@
 #include <iostream>
 
 #include "automation/code_page.h"
+#include "automation/convert.h"
 #include "automation/run_time_error.h"
+#include "home/device_values.h"
+#include "home/host_object.h"
 #include "home/io_codes.h"
+#include "home/nearest.h"
+#include "home/sqlite/home_database.h"
+#include "host/clock.h"
 
 namespace home {
 namespace {
@@ -21,10 +27,22 @@ EmbeddedHostOptions with_absolute_home(EmbeddedHostOptions options) {
 
 EmbeddedHost::EmbeddedHost(host::Pump& pump, const host::Clock& clock, EmbeddedHostOptions options)
     : options_(with_absolute_home(std::move(options))),
+      clock_(clock),
       log_(options_.home / "Data" / "log.db", clock),
       settings_(options_.home / "Config",
                 [this](const std::string& problem) { Writelog("Settings", problem); }),
-      x10_line_(pump, devices_, *this, events_) {
+      database_(open_home_database(options_.home / "Data" / "home.db")),
+      device_store_(database_),
+      event_store_(database_),
+      devices_(device_store_),
+      x10_line_(pump, devices_, *this, events_),
+      device_commands_(x10_line_),
+      event_engine_(pump, clock, *this, event_store_),
+      device_changes_(devices_.follow(
+          [this](const DeviceChange& change) { event_engine_.device_changed(change); })),
+      x10_commands_(x10_line_.follow([this](const X10Command& command) { on_x10(command); })) {
+    event_engine_.runner().set_device_setter(
+        [this](const std::string& code, const std::string& value) { set_device(code, value); });
     options_.version =
         settings_.GetIniSetting("Settings", "HostVersion", options_.version, "settings.ini");
     std::erase(options_.version, '"');
@@ -44,6 +62,10 @@ std::string EmbeddedHost::GetAppPath() const {
 }
 
 // --- settings and log ---------------------------------------------------------------------------
+
+std::shared_ptr<automation::Object> EmbeddedHost::object() {
+    return std::make_shared<HostObject>(*this, [this] { return plugins_; });
+}
 
 std::string EmbeddedHost::GetIniSetting(std::string_view section, std::string_view key,
                                         std::string_view fallback, std::string_view file) {
@@ -72,7 +94,6 @@ void EmbeddedHost::Writelog(std::string_view type, std::string_view message) {
 }
 
 // --- devices
-// --------------------------------------------------------------------------------------
 
 std::int32_t EmbeddedHost::DeviceCount() {
     return devices_.DeviceCount();
@@ -140,7 +161,30 @@ std::int32_t EmbeddedHost::DeviceStatus(std::string_view code) {
 }
 
 void EmbeddedHost::SetDeviceValue(std::string_view code, std::int32_t value) {
-    devices_.SetDeviceValue(code, value);
+    const std::shared_ptr<const DeviceRecord> device = devices_.find(code);
+    if (device == nullptr) {
+        return;
+    }
+    device_commands_.check(*device, value);
+    devices_.set_value(device->code(), value, clock_.now());
+    device_commands_.send(*device, value);
+}
+
+std::int32_t EmbeddedHost::set_device(std::string_view code, std::string_view value) {
+    const std::string wanted = automation::to_upper(automation::trim(code));
+    const std::shared_ptr<const DeviceRecord> device = devices_.find(wanted);
+    if (device == nullptr) {
+        std::vector<std::string> codes;
+        for (const DeviceRecord& record : devices_.snapshot()) {
+            codes.push_back(record.code());
+        }
+        throw automation::RunTimeError(
+            automation::ErrorNumber::InvalidProcedureCall,
+            "there is no device '" + wanted + "'" + nearest_text(codes, wanted));
+    }
+    const std::int32_t number = device_value(device->fields, value);
+    SetDeviceValue(wanted, number);
+    return number;
 }
 
 std::int32_t EmbeddedHost::DeviceValue(std::string_view code) {
@@ -153,10 +197,18 @@ void EmbeddedHost::SetSilentDeviceCollection(
 }
 
 // --- power line and events
-// ------------------------------------------------------------------------
 
 void EmbeddedHost::ExecX10(std::string_view code, std::string_view command) {
     x10_line_.ExecX10(code, command);
+}
+
+void EmbeddedHost::on_x10(const X10Command& command) {
+    if (command.command == "on" || command.command == "off") {
+        devices_.SetDeviceLastChange(command.code, clock_.now());
+    }
+    if (command.origin == X10Origin::Received) {
+        event_engine_.x10_received(command.code, command.command);
+    }
 }
 
 bool EmbeddedHost::isOn(std::string_view code) {
@@ -176,7 +228,6 @@ void EmbeddedHost::UnregisterEventCB(host::EventListener& listener) noexcept {
 }
 
 // --- callback object
-// ------------------------------------------------------------------------------
 
 std::string EmbeddedHost::type_name() const {
     return options_.type_name;
@@ -193,12 +244,26 @@ void EmbeddedHost::RegisterMenu(std::string_view plugin, std::string_view label)
     }
 }
 
+const MenuEntry& EmbeddedHost::menu_entry(std::string_view label) const {
+    const std::string wanted = automation::trim(label);
+    std::vector<std::string> labels;
+    for (const MenuEntry& entry : menu_) {
+        if (automation::equals_ignoring_case(entry.label, wanted)) {
+            return entry;
+        }
+        labels.push_back(entry.label);
+    }
+    throw automation::RunTimeError(
+        automation::ErrorNumber::InvalidProcedureCall,
+        "there is no menu entry '" + wanted + "'" + nearest_text(labels, wanted));
+}
+
 std::int32_t EmbeddedHost::GetNextFreeIOCode() {
     return next_free_io_code(devices_.snapshot());
 }
 
 void EmbeddedHost::ValueChangeEvent(std::string_view code, std::int32_t value) {
-    devices_.SetDeviceValue(code, value);
+    devices_.set_value(code, value, clock_.now());
 }
 
 }  // namespace home

@@ -9,15 +9,21 @@
 #include <utility>
 #include <vector>
 
+#include "home/device_commands.h"
 #include "home/device_table.h"
 #include "home/event_board.h"
+#include "home/events/event_engine.h"
 #include "home/ini/ini_files.h"
+#include "home/sqlite/database.h"
+#include "home/sqlite/sqlite_device_store.h"
+#include "home/sqlite/sqlite_event_store.h"
 #include "home/sqlite/sqlite_log.h"
 #include "home/x10_line.h"
 #include "host/host_interface.h"
 
 namespace host {
 class Clock;
+class Plugin;
 class Pump;
 }  // namespace host
 
@@ -41,12 +47,12 @@ struct MenuEntry {
 };
 
 // The home automation host in this program: the interface that a plug-in gets, made of settings
-// files, log, devices, events and power line of one home. Owned by the program, outlives the
-// plug-in.
+// files, log, devices, events and power line of one home. Devices and events lie in Data/home.db
+// and survive the program, however it ends. Owned by the program, outlives the plug-in.
 class EmbeddedHost : public host::HostInterface, public host::CallbackObject {
   public:
     // Pump and clock must outlive the host.
-    // Throws: RunTimeError 70, 61 or 57 when the log cannot be opened.
+    // Throws: RunTimeError 70, 61 or 57 with the file when log or Data/home.db cannot be used.
     EmbeddedHost(host::Pump& pump, const host::Clock& clock, EmbeddedHostOptions options);
 
     // What a program around the host needs beyond the plug-in's view of it.
@@ -56,11 +62,33 @@ class EmbeddedHost : public host::HostInterface, public host::CallbackObject {
 
     [[nodiscard]] X10Line& x10_line() noexcept { return x10_line_; }
 
+    // Its runner takes who carries out scripts and plug-in actions; `start` it once they can.
+    [[nodiscard]] EventEngine& event_engine() noexcept { return event_engine_; }
+
+    // From now on the values that are set on devices whose field `interface_name` is `plugin`,
+    // without regard to case, go to `sink` as commands. The sink may pump.
+    void set_command_sink(const std::string& plugin, DeviceCommands::Sink sink) {
+        device_commands_.set_sink(plugin, std::move(sink));
+    }
+
+    // `SetDeviceValue` for what a person types: the device must be there, and `value` a number or
+    // a word that it takes (`device_value`). Gives the number. May pump.
+    // Throws: RunTimeError 5 that names the nearest codes, or the values that there are.
+    std::int32_t set_device(std::string_view code, std::string_view value);
+
+    // Scripts find the plug-in by its name from now on. It must outlive their use of the host.
+    void carry(host::Plugin& plugin) { plugins_.push_back(&plugin); }
+
     [[nodiscard]] const std::vector<MenuEntry>& menu() const noexcept { return menu_; }
+
+    // The first entry with the label, without regard to case; hand its `label` to `SelectMenu`.
+    // Throws: RunTimeError 5 with the nearest labels, or all.
+    [[nodiscard]] const MenuEntry& menu_entry(std::string_view label) const;
 
     // HostInterface
     [[nodiscard]] std::string Version() const override;
     [[nodiscard]] std::string GetAppPath() const override;  // code page 1252, with backslashes
+    [[nodiscard]] std::shared_ptr<automation::Object> object() override;
 
     // Settings
     [[nodiscard]] std::string GetIniSetting(std::string_view section, std::string_view key,
@@ -93,6 +121,9 @@ class EmbeddedHost : public host::HostInterface, public host::CallbackObject {
     void SetDeviceStatusNoReport(std::string_view code, std::int32_t status,
                                  std::int32_t value) override;
     [[nodiscard]] std::int32_t DeviceStatus(std::string_view code) override;
+    // The value and the moment of the change are stored; then the device's plug-in gets it as a
+    // command, or, for an X10 device of no plug-in, the power line "on" or "off". May pump.
+    // Throws: RunTimeError 6, before anything is stored, for a value above what a command carries.
     void SetDeviceValue(std::string_view code, std::int32_t value) override;
     [[nodiscard]] std::int32_t DeviceValue(std::string_view code) override;
     void SetSilentDeviceCollection(
@@ -114,16 +145,28 @@ class EmbeddedHost : public host::HostInterface, public host::CallbackObject {
     void RegisterMenu(std::string_view plugin, std::string_view label) override;
     // Throws: RunTimeError 68 when all are taken.
     [[nodiscard]] std::int32_t GetNextFreeIOCode() override;
+    // Value and moment of the change are stored; no command follows.
     void ValueChangeEvent(std::string_view code, std::int32_t value) override;
 
   private:
+    void on_x10(const X10Command& command);
+
     EmbeddedHostOptions options_;
+    const host::Clock& clock_;
     SqliteLog log_;
     IniFiles settings_;
+    Database database_;
+    SqliteDeviceStore device_store_;
+    SqliteEventStore event_store_;
     DeviceTable devices_;
     EventBoard events_;
     X10Line x10_line_;
+    DeviceCommands device_commands_;
+    EventEngine event_engine_;
     std::vector<MenuEntry> menu_;
+    std::vector<host::Plugin*> plugins_;
+    Subscription device_changes_;
+    Subscription x10_commands_;
 };
 
 }  // namespace home

@@ -1,7 +1,6 @@
 #include "home/x10_line.h"
 
 #include <array>
-#include <charconv>
 
 #include "automation/code_page.h"
 #include "automation/convert.h"
@@ -18,8 +17,6 @@ using automation::ErrorNumber;
 using automation::RunTimeError;
 
 constexpr std::string_view kLogType = "X10";
-constexpr char kLastHouse = 'P';
-constexpr int kLastUnit = 16;
 
 std::optional<std::int32_t> status_after(std::string_view command) {
     if (automation::equals_ignoring_case(command, "on")) {
@@ -40,22 +37,8 @@ RunTimeError no_code(std::string_view text) {
 X10Line::X10Line(host::Pump& pump, host::Devices& devices, host::Log& log, EventBoard& events)
     : pump_(pump), devices_(devices), log_(log), events_(events) {}
 
-std::optional<X10Line::Code> X10Line::parse_code(std::string_view text) {
-    const std::string code = automation::to_upper(automation::trim(text));
-    if (code.size() < 2 || code.front() < 'A' || code.front() > kLastHouse) {
-        return std::nullopt;
-    }
-    int unit = 0;
-    const char* end = code.data() + code.size();
-    const auto [stop, error] = std::from_chars(code.data() + 1, end, unit);
-    if (error != std::errc() || stop != end || unit < 1 || unit > kLastUnit) {
-        return std::nullopt;
-    }
-    return Code{code.substr(0, 1), std::to_string(unit)};
-}
-
 X10Line::Message X10Line::parse_message(std::string_view code, std::string_view command) {
-    const std::optional<Code> parsed = parse_code(code);
+    const std::optional<X10Code> parsed = parse_x10_code(code);
     if (!parsed) {
         throw no_code(code);
     }
@@ -67,6 +50,7 @@ void X10Line::ExecX10(std::string_view code, std::string_view command) {
     const Message message = parse_message(code, command);
     take_state(message);
     operate_modules(message);
+    tell_followers(message, X10Origin::Sent);
     pump_.post([this, message, line = std::weak_ptr(alive_)] {
         if (!line.expired()) {
             announce(message);
@@ -79,6 +63,7 @@ void X10Line::receive(std::string_view code, std::string_view command) {
     announce(message);
     take_state(message);
     operate_modules(message);
+    tell_followers(message, X10Origin::Received);
 }
 
 void X10Line::take_state(const Message& message) {
@@ -96,6 +81,14 @@ void X10Line::operate_modules(const Message& message) {
     if (modules != modules_.end()) {
         modules->second.call(message.command);
     }
+}
+
+void X10Line::tell_followers(const Message& message, X10Origin origin) {
+    followers_.call({message.code.text(), message.command, origin});
+}
+
+Subscription X10Line::follow(std::function<void(const X10Command&)> follower) {
+    return followers_.add(std::move(follower));
 }
 
 void X10Line::announce(const Message& message) {
@@ -117,7 +110,7 @@ bool X10Line::IsOff(std::string_view code) {
 }
 
 std::int32_t X10Line::status_of(std::string_view text) const {
-    const std::optional<Code> code = parse_code(text);
+    const std::optional<X10Code> code = parse_x10_code(text);
     if (!code) {
         return host::kStatusUnknown;
     }
@@ -130,7 +123,7 @@ std::int32_t X10Line::status_of(std::string_view text) const {
 }
 
 Subscription X10Line::attach(std::string_view code, Module module) {
-    const std::optional<Code> parsed = parse_code(code);
+    const std::optional<X10Code> parsed = parse_x10_code(code);
     if (!parsed) {
         throw no_code(code);
     }

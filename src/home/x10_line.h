@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "home/subscriptions.h"
+#include "home/x10_code.h"
 #include "host/x10.h"
 
 namespace host {
@@ -20,6 +21,16 @@ class Pump;
 namespace home {
 
 class EventBoard;
+
+// Who has sent a command: this program, or somebody else whom we have heard.
+enum class X10Origin : std::uint8_t { Sent, Received };
+
+// A command that was on the line, the state already taken.
+struct X10Command {
+    std::string code;     // "A1"
+    std::string command;  // in lower case: "on", "off", "dim 40"
+    X10Origin origin = X10Origin::Sent;
+};
 
 // The power line of the house, in this program: switches are modules that are attached to a code,
 // sensors are whoever calls `receive`. Owned by the host. Codes and the commands "on" and "off" are
@@ -43,6 +54,9 @@ class X10Line : public host::X10 {
     // pump. Throws: RunTimeError 5 as above.
     void receive(std::string_view code, std::string_view command);
 
+    // Told of each command once the state is taken and the modules have acted. May pump.
+    [[nodiscard]] Subscription follow(std::function<void(const X10Command&)> follower);
+
     // The status of the device with the code counts where there is one that is on or off.
     [[nodiscard]] bool isOn(std::string_view code) override;
     [[nodiscard]] bool IsOff(std::string_view code) override;
@@ -52,25 +66,17 @@ class X10Line : public host::X10 {
     [[nodiscard]] Subscription attach(std::string_view code, Module module);
 
   private:
-    // "A1" to "P16".
-    struct Code {
-        std::string house;
-        std::string unit;
-
-        [[nodiscard]] std::string text() const { return house + unit; }
-    };
-
     // One command on the line; no status for others than "on" and "off".
     struct Message {
-        Code code;
+        X10Code code;
         std::string command;
         std::optional<std::int32_t> status;
     };
 
-    [[nodiscard]] static std::optional<Code> parse_code(std::string_view text);
     [[nodiscard]] static Message parse_message(std::string_view code, std::string_view command);
     void take_state(const Message& message);
     void operate_modules(const Message& message);
+    void tell_followers(const Message& message, X10Origin origin);
     void announce(const Message& message);
     [[nodiscard]] std::int32_t status_of(std::string_view code) const;
 
@@ -80,6 +86,7 @@ class X10Line : public host::X10 {
     EventBoard& events_;
     std::map<std::string, std::int32_t, std::less<>> states_;  // by code
     std::map<std::string, Subscriptions<std::string_view>, std::less<>> modules_;
+    Subscriptions<const X10Command&> followers_;
     // Gone when the line is; posted events look for it.
     std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);
 };

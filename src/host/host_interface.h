@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
+#include "automation/object.h"
 #include "host/devices.h"
 #include "host/events.h"
 #include "host/log.h"
@@ -20,6 +22,9 @@ class HostInterface : public Settings, public Log, public Devices, public X10, p
 
     // Folder in which HTML, Scripts, Data and Config lie, without a trailing backslash.
     [[nodiscard]] virtual std::string GetAppPath() const = 0;
+
+    // The host as scripts see it.
+    [[nodiscard]] virtual std::shared_ptr<automation::Object> object() = 0;
 };
 
 // What the host, or the separate xAP program, hands to `RegisterCallback`. Owned by the host,

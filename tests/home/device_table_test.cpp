@@ -2,8 +2,45 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
+#include <vector>
+
+#include "home/sqlite/home_database.h"
+#include "home/sqlite/sqlite_device_store.h"
+#include "home/temporary_folder.h"
+
 namespace home {
 namespace {
+
+// The table in memory alone and the one with a store behind it keep the same contract.
+enum class Kind : std::uint8_t { Memory, Stored };
+
+class DeviceTableTest : public testing::TestWithParam<Kind> {
+  protected:
+    DeviceTableTest() {
+        if (GetParam() == Kind::Memory) {
+            table_.emplace();
+            return;
+        }
+        database_.emplace(open_home_database(folder_.path() / "home.db"));
+        store_.emplace(*database_);
+        table_.emplace(*store_);
+    }
+
+  private:
+    TemporaryFolder folder_;
+    std::optional<Database> database_;
+    std::optional<SqliteDeviceStore> store_;
+    std::optional<DeviceTable> table_;
+
+  protected:
+    DeviceTable& table = *table_;
+};
+
+INSTANTIATE_TEST_SUITE_P(All, DeviceTableTest, testing::Values(Kind::Memory, Kind::Stored),
+                         [](const auto& kind) {
+                             return kind.param == Kind::Memory ? "Memory" : "Stored";
+                         });
 
 void set_code(host::Device& device, const std::string& house, const std::string& number) {
     host::DeviceFields fields = device.fields();
@@ -12,8 +49,7 @@ void set_code(host::Device& device, const std::string& house, const std::string&
     device.set_fields(fields);
 }
 
-TEST(DeviceTable, OlderGenerationCountsPlaces) {
-    DeviceTable table;
+TEST_P(DeviceTableTest, OlderGenerationCountsPlaces) {
     EXPECT_EQ(table.NewDevice("lamp", "A1"), 1);
     EXPECT_EQ(table.NewDevice("Velora Display"), 2);
     EXPECT_EQ(table.NewDevice("hall", "B12"), 3);
@@ -31,8 +67,7 @@ TEST(DeviceTable, OlderGenerationCountsPlaces) {
     EXPECT_EQ(table.GetDevice(2)->fields().name, "hall");
 }
 
-TEST(DeviceTable, NewerGenerationKeepsReferences) {
-    DeviceTable table;
+TEST_P(DeviceTableTest, NewerGenerationKeepsReferences) {
     const host::DeviceRef first = table.NewDeviceRef("first");
     const host::DeviceRef second = table.NewDeviceRef("second");
     EXPECT_EQ(table.DeviceExistsRef(""), -1) << "a device without a code";
@@ -45,8 +80,7 @@ TEST(DeviceTable, NewerGenerationKeepsReferences) {
     EXPECT_NE(table.NewDeviceRef("third"), first) << "never given twice";
 }
 
-TEST(DeviceTable, ADeviceOutlivesItsDeletion) {
-    DeviceTable table;
+TEST_P(DeviceTableTest, ADeviceOutlivesItsDeletion) {
     const auto device = table.GetDeviceByRef(table.NewDeviceRef("gone"));
     table.DeleteDevice(device->ref());
     set_code(*device, "A", "1");
@@ -54,8 +88,7 @@ TEST(DeviceTable, ADeviceOutlivesItsDeletion) {
     EXPECT_EQ(table.DeviceExistsRef("A1"), -1);
 }
 
-TEST(DeviceTable, AWalkTellsWhenDevicesComeAndGo) {
-    DeviceTable table;
+TEST_P(DeviceTableTest, AWalkTellsWhenDevicesComeAndGo) {
     table.NewDeviceRef("a");
     const host::DeviceRef second = table.NewDeviceRef("b");
     const auto walk = table.GetDeviceEnumerator();
@@ -69,9 +102,8 @@ TEST(DeviceTable, AWalkTellsWhenDevicesComeAndGo) {
     EXPECT_EQ(walk->GetNext(), nullptr);
 }
 
-TEST(DeviceTable, StateGoesByCode) {
+TEST_P(DeviceTableTest, StateGoesByCode) {
     using namespace std::chrono_literals;
-    DeviceTable table;
     table.NewDevice("lamp", "A1");
     EXPECT_EQ(table.DeviceStatus("A1"), host::kStatusUnknown);
     const automation::DateTime when{5min};
@@ -93,12 +125,56 @@ TEST(DeviceTable, StateGoesByCode) {
     EXPECT_EQ(table.DeviceValue("A1"), 0);
 }
 
-TEST(DeviceTable, TheLastSilentCollectionCounts) {
-    DeviceTable table;
+TEST_P(DeviceTableTest, TheLastSilentCollectionCounts) {
     table.SetSilentDeviceCollection({{"[", 10}});
     table.SetSilentDeviceCollection({{"[", 20}, {"[", 30}});
     EXPECT_FALSE(table.is_silent("[10"));
     EXPECT_TRUE(table.is_silent("[30"));
+}
+
+TEST_P(DeviceTableTest, AWalkThatStartsAnewSeesEveryDevice) {
+    std::vector<host::DeviceRef> refs;
+    for (const char* name : {"a", "b", "c", "d"}) {
+        refs.push_back(table.NewDeviceRef(name));
+    }
+    std::vector<std::string> seen;
+    bool changed = false;
+    auto walk = table.GetDeviceEnumerator();
+    while (!walk->Finished()) {
+        seen.push_back(walk->GetNext()->fields().name);
+        if (!changed && seen.back() == "c") {
+            changed = true;
+            table.DeleteDevice(refs[0]);
+            table.DeleteDevice(refs[3]);
+            table.NewDeviceRef("e");
+        }
+        if (walk->CountChanged()) {
+            seen.clear();
+            walk = table.GetDeviceEnumerator();
+        }
+    }
+    EXPECT_EQ(seen, (std::vector<std::string>{"b", "c", "e"}));
+}
+
+TEST_P(DeviceTableTest, FollowersHearOfWhatBecomesOther) {
+    table.NewDevice("lamp", "A1");
+    table.NewDevice("silent", "A2");
+    table.SetSilentDeviceCollection({{"A", 2}});
+    std::vector<std::string> heard;
+    const Subscription follower = table.follow([&](const DeviceChange& change) {
+        heard.push_back(change.device.code() +
+                        (change.part == DevicePart::Status ? " status " : " value ") +
+                        std::to_string(change.part == DevicePart::Status ? change.device.status
+                                                                         : change.device.value));
+    });
+    for (const char* code : {"A1", "A1", "A2", "A3"}) {
+        table.SetDeviceStatus(code, host::kStatusOn);
+        table.SetDeviceValue(code, 7);
+        table.SetDeviceString(code, "text");
+    }
+    table.SetDeviceStatusNoReport("A1", host::kStatusOff, 9);
+    table.set_value("A1", 10, {});
+    EXPECT_EQ(heard, (std::vector<std::string>{"A1 status 2", "A1 value 7", "A1 value 10"}));
 }
 
 }  // namespace

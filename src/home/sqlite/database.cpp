@@ -60,6 +60,14 @@ Statement& Statement::bind(int parameter, std::int64_t number) {
     return *this;
 }
 
+Statement& Statement::bind(int parameter, std::optional<std::int64_t> number) {
+    if (number) {
+        return bind(parameter, *number);
+    }
+    check(sqlite3_bind_null(statement_.get(), parameter));
+    return *this;
+}
+
 bool Statement::step() {
     const int result = sqlite3_step(statement_.get());
     if (result == SQLITE_ROW) {
@@ -82,6 +90,13 @@ std::string Statement::text(int column) const {
 
 std::int64_t Statement::number(int column) const {
     return sqlite3_column_int64(statement_.get(), column);
+}
+
+std::optional<std::int64_t> Statement::optional_number(int column) const {
+    if (sqlite3_column_type(statement_.get(), column) == SQLITE_NULL) {
+        return std::nullopt;
+    }
+    return number(column);
 }
 
 void Database::Close::operator()(sqlite3* database) const noexcept {

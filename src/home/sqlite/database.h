@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -18,6 +19,7 @@ class Statement {
     // Parameters and columns count as SQLite counts them: from 1 and from 0. Texts are UTF-8.
     Statement& bind(int parameter, std::string_view text);
     Statement& bind(int parameter, std::int64_t number);
+    Statement& bind(int parameter, std::optional<std::int64_t> number);  // absent is NULL
 
     // Makes one step: true on a row. At the end, or on an error, the statement is reset, so that
     // it can be run again with the same or other parameters.
@@ -26,6 +28,7 @@ class Statement {
     // Requires: the last `step` gave a row.
     [[nodiscard]] std::string text(int column) const;
     [[nodiscard]] std::int64_t number(int column) const;
+    [[nodiscard]] std::optional<std::int64_t> optional_number(int column) const;  // NULL is absent
 
   private:
     friend class Database;
