@@ -6,8 +6,8 @@ ZYN_PACKAGES=(
     build-essential cmake ninja-build ccache pkg-config
     libboost1.81-dev libboost-system1.81-dev
     libcurl4-openssl-dev libgumbo-dev
-    libespeak-ng-dev libespeak-ng1 espeak-ng-data
-    libsqlite3-dev libsimpleini-dev libcli11-dev nlohmann-json3-dev
+    libespeak-ng-dev libespeak-ng1 espeak-ng-data libgd-dev libgd3
+    libpcre2-dev libsqlite3-dev libsimpleini-dev libcli11-dev nlohmann-json3-dev
     libgtest-dev libgmock-dev
 )
 

@@ -1,7 +1,5 @@
 #include "platform/curl/curl_transfers.h"
 
-#include <curl/curl.h>
-
 #include <chrono>
 #include <exception>
 #include <string>
@@ -9,6 +7,7 @@
 #include "automation/run_time_error.h"
 #include "platform/asio/asio_pump.h"
 #include "platform/asio/descriptor_watch.h"
+#include "platform/curl/curl_library.h"
 #include "platform/curl/page_load.h"
 #include "platform/curl/page_load_library.h"
 
@@ -24,15 +23,15 @@ namespace {
 class LibraryUse {
   public:
     LibraryUse() {
-        if (const CURLcode result = curl_global_init(CURL_GLOBAL_DEFAULT); result != CURLE_OK) {
-            fail(curl_easy_strerror(result));
+        if (const CURLcode result = curl().global_init(CURL_GLOBAL_DEFAULT); result != CURLE_OK) {
+            fail(curl().easy_strerror(result));
         }
     }
 
     LibraryUse(const LibraryUse&) = delete;
     LibraryUse& operator=(const LibraryUse&) = delete;
 
-    ~LibraryUse() { curl_global_cleanup(); }
+    ~LibraryUse() { curl().global_cleanup(); }
 };
 
 DescriptorWatch::Interest interest_of(int wanted) {
@@ -44,14 +43,14 @@ int bits_of(DescriptorWatch::Ready ready) {
 }
 
 struct MultiDeleter {
-    void operator()(CURLM* multi) const noexcept { curl_multi_cleanup(multi); }
+    void operator()(CURLM* multi) const noexcept { curl().multi_cleanup(multi); }
 };
 
 }  // namespace
 
 struct CurlTransfers::Library {
     LibraryUse use;
-    std::unique_ptr<CURLM, MultiDeleter> multi{curl_multi_init()};
+    std::unique_ptr<CURLM, MultiDeleter> multi{curl().multi_init()};
 };
 
 CurlTransfers::CurlTransfers(AsioPump& pump)
@@ -71,11 +70,12 @@ CurlTransfers::CurlTransfers(AsioPump& pump)
         static_cast<CurlTransfers*>(transfers)->look_in_after(milliseconds);
         return 0;
     };
-    curl_multi_setopt(multi, CURLMOPT_SOCKETFUNCTION, static_cast<curl_socket_callback>(on_socket));
-    curl_multi_setopt(multi, CURLMOPT_SOCKETDATA, this);
-    curl_multi_setopt(multi, CURLMOPT_TIMERFUNCTION,
-                      static_cast<curl_multi_timer_callback>(on_timer));
-    curl_multi_setopt(multi, CURLMOPT_TIMERDATA, this);
+    curl().multi_setopt(multi, CURLMOPT_SOCKETFUNCTION,
+                        static_cast<curl_socket_callback>(on_socket));
+    curl().multi_setopt(multi, CURLMOPT_SOCKETDATA, this);
+    curl().multi_setopt(multi, CURLMOPT_TIMERFUNCTION,
+                        static_cast<curl_multi_timer_callback>(on_timer));
+    curl().multi_setopt(multi, CURLMOPT_TIMERDATA, this);
 }
 
 // The library takes its leave of each socket that is still watched.
@@ -89,14 +89,14 @@ host::Pump& CurlTransfers::pump() const {
 
 void CurlTransfers::add(PageLoad& load) {
     const CURLMcode result =
-        curl_multi_add_handle(library_->multi.get(), load.library_->easy.get());
+        curl().multi_add_handle(library_->multi.get(), load.library_->easy.get());
     if (result != CURLM_OK) {
-        fail(curl_multi_strerror(result));
+        fail(curl().multi_strerror(result));
     }
 }
 
 void CurlTransfers::remove(PageLoad& load) noexcept {
-    curl_multi_remove_handle(library_->multi.get(), load.library_->easy.get());
+    curl().multi_remove_handle(library_->multi.get(), load.library_->easy.get());
 }
 
 void CurlTransfers::watch(int descriptor, int wanted) {
@@ -137,15 +137,15 @@ void CurlTransfers::look_in_after(long milliseconds) {
 
 void CurlTransfers::act(int descriptor, int happened) {
     int running = 0;
-    curl_multi_socket_action(library_->multi.get(), descriptor, happened, &running);
+    curl().multi_socket_action(library_->multi.get(), descriptor, happened, &running);
     end_finished_loads();
 }
 
 void CurlTransfers::end_finished_loads() {
     int left = 0;
-    while (const CURLMsg* const message = curl_multi_info_read(library_->multi.get(), &left)) {
+    while (const CURLMsg* const message = curl().multi_info_read(library_->multi.get(), &left)) {
         PageLoad* load = nullptr;
-        curl_easy_getinfo(message->easy_handle, CURLINFO_PRIVATE, &load);
+        curl().easy_getinfo(message->easy_handle, CURLINFO_PRIVATE, &load);
         if (message->msg == CURLMSG_DONE && load != nullptr) {
             load->end(message->data.result);
         }

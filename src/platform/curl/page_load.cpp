@@ -1,7 +1,5 @@
 #include "platform/curl/page_load.h"
 
-#include <curl/curl.h>
-
 #include <algorithm>
 #include <array>
 #include <new>
@@ -10,6 +8,7 @@
 
 #include "automation/code_page.h"
 #include "automation/run_time_error.h"
+#include "platform/curl/curl_library.h"
 #include "platform/curl/curl_transfers.h"
 #include "platform/curl/page_load_library.h"
 
@@ -53,23 +52,23 @@ void PageLoad::configure(const std::string& url) {
     const auto write = [](char* bytes, std::size_t size, std::size_t count, void* load) {
         return static_cast<PageLoad*>(load)->receive(bytes, size * count);
     };
-    curl_easy_setopt(easy, CURLOPT_URL, url.c_str());
-    curl_easy_setopt(easy, CURLOPT_PRIVATE, this);
-    curl_easy_setopt(easy, CURLOPT_WRITEFUNCTION, static_cast<curl_write_callback>(write));
-    curl_easy_setopt(easy, CURLOPT_WRITEDATA, this);
-    curl_easy_setopt(easy, CURLOPT_USERAGENT, "zynVelora");
-    curl_easy_setopt(easy, CURLOPT_PROTOCOLS_STR, "http,https");
-    curl_easy_setopt(easy, CURLOPT_REDIR_PROTOCOLS_STR, "http,https");
-    curl_easy_setopt(easy, CURLOPT_FOLLOWLOCATION, kYes);
-    curl_easy_setopt(easy, CURLOPT_MAXREDIRS, kLongestChain);
-    curl_easy_setopt(easy, CURLOPT_CONNECTTIMEOUT, kConnectSeconds);
-    curl_easy_setopt(easy, CURLOPT_FRESH_CONNECT, kYes);
-    curl_easy_setopt(easy, CURLOPT_FORBID_REUSE, kYes);
+    curl().easy_setopt(easy, CURLOPT_URL, url.c_str());
+    curl().easy_setopt(easy, CURLOPT_PRIVATE, this);
+    curl().easy_setopt(easy, CURLOPT_WRITEFUNCTION, static_cast<curl_write_callback>(write));
+    curl().easy_setopt(easy, CURLOPT_WRITEDATA, this);
+    curl().easy_setopt(easy, CURLOPT_USERAGENT, "zynVelora");
+    curl().easy_setopt(easy, CURLOPT_PROTOCOLS_STR, "http,https");
+    curl().easy_setopt(easy, CURLOPT_REDIR_PROTOCOLS_STR, "http,https");
+    curl().easy_setopt(easy, CURLOPT_FOLLOWLOCATION, kYes);
+    curl().easy_setopt(easy, CURLOPT_MAXREDIRS, kLongestChain);
+    curl().easy_setopt(easy, CURLOPT_CONNECTTIMEOUT, kConnectSeconds);
+    curl().easy_setopt(easy, CURLOPT_FRESH_CONNECT, kYes);
+    curl().easy_setopt(easy, CURLOPT_FORBID_REUSE, kYes);
     // A unit of the simplest kind sends its page without any header.
-    curl_easy_setopt(easy, CURLOPT_HTTP09_ALLOWED, kYes);
+    curl().easy_setopt(easy, CURLOPT_HTTP09_ALLOWED, kYes);
     // Units stand in the house: a proxy of the environment does not reach them.
-    curl_easy_setopt(easy, CURLOPT_PROXY, "");
-    curl_easy_setopt(easy, CURLOPT_NOSIGNAL, kYes);
+    curl().easy_setopt(easy, CURLOPT_PROXY, "");
+    curl().easy_setopt(easy, CURLOPT_NOSIGNAL, kYes);
 }
 
 std::size_t PageLoad::receive(const char* bytes, std::size_t count) {
@@ -92,7 +91,7 @@ void PageLoad::end(int result) {
 bool PageLoad::is_page(int result) const {
     const bool is_full = result == CURLE_WRITE_ERROR && body_.size() == kLongestBody;
     long has_answered = 0;
-    curl_easy_getinfo(library_->easy.get(), CURLINFO_RESPONSE_CODE, &has_answered);
+    curl().easy_getinfo(library_->easy.get(), CURLINFO_RESPONSE_CODE, &has_answered);
     const bool is_shown = std::ranges::find(kShownAnyway, result) != kShownAnyway.end();
     return is_full || result == CURLE_OK || (is_shown && has_answered != 0);
 }
@@ -100,8 +99,8 @@ bool PageLoad::is_page(int result) const {
 LoadedPage PageLoad::take_page() {
     const char* url = nullptr;
     const char* type = nullptr;
-    curl_easy_getinfo(library_->easy.get(), CURLINFO_EFFECTIVE_URL, &url);
-    curl_easy_getinfo(library_->easy.get(), CURLINFO_CONTENT_TYPE, &type);
+    curl().easy_getinfo(library_->easy.get(), CURLINFO_EFFECTIVE_URL, &url);
+    curl().easy_getinfo(library_->easy.get(), CURLINFO_CONTENT_TYPE, &type);
     const std::string_view declared = type != nullptr ? type : "";
     const bool is_utf8 =
         automation::find_ignoring_case(declared, "charset=utf-8") != std::string_view::npos;

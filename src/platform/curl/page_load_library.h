@@ -1,20 +1,19 @@
 #pragma once
 
-#include <curl/curl.h>
-
 #include <memory>
 
+#include "platform/curl/curl_library.h"
 #include "platform/curl/page_load.h"
 
 namespace platform {
 
 struct EasyDeleter {
-    void operator()(CURL* easy) const noexcept { curl_easy_cleanup(easy); }
+    void operator()(CURL* easy) const noexcept { curl().easy_cleanup(easy); }
 };
 
 // The library's side of a page load; private to this folder.
 struct PageLoad::Library {
-    std::unique_ptr<CURL, EasyDeleter> easy{curl_easy_init()};
+    std::unique_ptr<CURL, EasyDeleter> easy{curl().easy_init()};
 };
 
 }  // namespace platform

@@ -1,10 +1,9 @@
 #include "platform/curl/page_url.h"
 
-#include <curl/curl.h>
-
 #include <memory>
 
 #include "automation/run_time_error.h"
+#include "platform/curl/curl_library.h"
 
 namespace platform {
 namespace {
@@ -29,14 +28,15 @@ bool has_scheme(std::string_view url) {
 }
 
 bool is_http_url(const std::string& url) {
-    const std::unique_ptr<CURLU, decltype(&curl_url_cleanup)> parts(curl_url(), curl_url_cleanup);
-    if (curl_url_set(parts.get(), CURLUPART_URL, url.c_str(), CURLU_NON_SUPPORT_SCHEME) !=
+    const std::unique_ptr<CURLU, decltype(&curl_url_cleanup)> parts(curl().url(),
+                                                                    curl().url_cleanup);
+    if (curl().url_set(parts.get(), CURLUPART_URL, url.c_str(), CURLU_NON_SUPPORT_SCHEME) !=
         CURLUE_OK) {
         return false;
     }
     char* scheme = nullptr;
-    curl_url_get(parts.get(), CURLUPART_SCHEME, &scheme, 0);
-    const std::unique_ptr<char, decltype(&curl_free)> owner(scheme, curl_free);
+    curl().url_get(parts.get(), CURLUPART_SCHEME, &scheme, 0);
+    const std::unique_ptr<char, decltype(&curl_free)> owner(scheme, curl().free);
     return scheme != nullptr &&
            (std::string_view(scheme) == "http" || std::string_view(scheme) == "https");
 }

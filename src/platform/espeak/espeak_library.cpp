@@ -1,11 +1,11 @@
 #include "platform/espeak/espeak_library.h"
 
-#include <dlfcn.h>
 #include <espeak-ng/speak_lib.h>
 
 #include <new>
 
 #include "automation/run_time_error.h"
+#include "platform/system/shared_library.h"
 
 namespace platform {
 namespace {
@@ -21,16 +21,11 @@ constexpr int kAbort = 1;
                                    "Speech: " + what);
 }
 
-// Loaded once; the dynamic loader counts further calls and gives the same library.
 template <typename Function>
 Function* function_named(const char* name) {
-    auto* const library = ::dlopen(kLibrary, RTLD_NOW | RTLD_LOCAL);
-    auto* const address = library != nullptr ? ::dlsym(library, name) : nullptr;
-    if (address == nullptr) {
-        const char* const reason = ::dlerror();
-        fail(reason != nullptr ? reason : name);
-    }
-    return reinterpret_cast<Function*>(address);
+    Function* function = nullptr;
+    SharedLibrary("Speech", kLibrary).find(name, function);
+    return function;
 }
 
 // The library hands `user_data` of the call back in every event, that of the end mark included.

@@ -96,6 +96,10 @@ void OpenFile::empty() noexcept {
 
 DiskTextStream::DiskTextStream(std::string_view path, Start start) : file_(path, flags_of(start)) {}
 
+void DiskTextStream::Write(std::string_view text) {
+    file_.write(text);
+}
+
 void DiskTextStream::WriteLine(std::string_view line) {
     // One write for the whole line, so that another reader never sees a line without its end.
     file_.write(std::string(line) + "\r\n");

@@ -44,6 +44,7 @@ class DiskTextStream final : public host::TextStream {
     enum class Start : std::uint8_t { Append, Empty };
 
     DiskTextStream(std::string_view path, Start start);
+    void Write(std::string_view text) override;
     void WriteLine(std::string_view line) override;
 
   private:
