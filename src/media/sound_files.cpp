@@ -84,7 +84,8 @@ void SoundFiles::RemoveOldFiles() {
         host::Files& files = instance_.platform().files;
         const auto now = instance_.platform().clock.now();
         for (const host::FileEntry& file : files.files_in(temporary_folder())) {
-            if (now - file.last_modified > kLifeOfTemporaryFiles) {
+            const auto age = std::chrono::floor<std::chrono::minutes>(now - file.last_modified);
+            if (age > kLifeOfTemporaryFiles) {
                 files.DeleteFile(temporary_folder() + file.name);
             }
         }
