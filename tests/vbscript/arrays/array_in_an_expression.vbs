@@ -1,0 +1,3 @@
+a = Array(1)
+WScript.Echo a & "x"
+' error: 13 Type mismatch

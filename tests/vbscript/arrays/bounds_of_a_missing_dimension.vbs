@@ -1,0 +1,3 @@
+Dim a(1)
+WScript.Echo UBound(a, 2)
+' error: 9 Subscript out of range

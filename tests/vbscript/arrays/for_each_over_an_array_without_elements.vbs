@@ -1,0 +1,5 @@
+For Each x In Array()
+    WScript.Echo "never"
+Next
+WScript.Echo "done"
+' expect: done

@@ -1,0 +1,2 @@
+Me.Value = 1
+' error: 1037 Invalid use of 'Me' keyword

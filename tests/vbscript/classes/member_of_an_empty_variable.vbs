@@ -1,0 +1,2 @@
+x.Name = 1
+' error: 424 Object required

@@ -1,0 +1,3 @@
+Class Thing
+    Public Name
+' error: 1014 Expected 'End'

@@ -1,0 +1,2 @@
+Set x = 5
+' error: 424 Object required

@@ -1,0 +1,2 @@
+Set x = New Missing
+' error: 506 Class not defined

@@ -1,0 +1,2 @@
+Exit For
+' error: 1039 Invalid 'exit' statement

@@ -1,0 +1,3 @@
+x = 1
+Loop
+' error: 1038 'loop' without 'do'

@@ -1,0 +1,2 @@
+.Value = 1
+' error: 505 Invalid or unqualified reference

@@ -1,0 +1,3 @@
+If True Then
+    WScript.Echo "never"
+' error: 1014 Expected 'End'

@@ -1,0 +1,3 @@
+For i = 1 To 2
+    WScript.Echo i
+' error: 1020 Expected 'Next'

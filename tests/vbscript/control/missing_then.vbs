@@ -1,0 +1,3 @@
+If True
+End If
+' error: 1017 Expected 'Then'

@@ -1,0 +1,2 @@
+Next
+' error: 1055 Unexpected 'Next'

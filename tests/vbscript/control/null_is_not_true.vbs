@@ -1,0 +1,2 @@
+If Null Then WScript.Echo "never" Else WScript.Echo "else"
+' expect: else

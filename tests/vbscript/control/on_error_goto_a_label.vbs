@@ -1,0 +1,2 @@
+On Error GoTo failed
+' error: 1002 Syntax error

@@ -1,0 +1,3 @@
+WScript.Echo "never"
+x = 
+' error: 1002 Syntax error

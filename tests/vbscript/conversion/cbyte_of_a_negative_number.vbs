@@ -1,0 +1,2 @@
+WScript.Echo CByte(-1)
+' error: 6 Overflow

@@ -1,0 +1,2 @@
+x = CDate(Null)
+' error: 94 Invalid use of Null

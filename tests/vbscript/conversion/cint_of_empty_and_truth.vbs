@@ -1,0 +1,2 @@
+WScript.Echo CInt(Empty), CInt(True), CInt(False)
+' expect: 0 -1 0

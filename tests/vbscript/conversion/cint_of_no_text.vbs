@@ -1,0 +1,2 @@
+WScript.Echo CInt("")
+' error: 13 Type mismatch

@@ -1,0 +1,2 @@
+WScript.Echo CInt(Null)
+' error: 94 Invalid use of Null

@@ -1,0 +1,2 @@
+x = 1e
+' error: 1031 Invalid number

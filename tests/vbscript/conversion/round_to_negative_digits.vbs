@@ -1,0 +1,2 @@
+WScript.Echo Round(12, -1)
+' error: 5 Invalid procedure call or argument

@@ -1,0 +1,2 @@
+Err.Raise 0
+' error: 5 Invalid procedure call or argument

@@ -1,0 +1,2 @@
+Execute "For"
+' error: 1010 Expected identifier

@@ -1,0 +1,2 @@
+WScript.Echo Exp(1000)
+' error: 6 Overflow

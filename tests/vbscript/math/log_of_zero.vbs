@@ -1,0 +1,2 @@
+WScript.Echo Log(0)
+' error: 5 Invalid procedure call or argument

@@ -1,0 +1,3 @@
+x = 0
+WScript.Echo 1 / x
+' error: 11 Division by zero

@@ -1,0 +1,2 @@
+WScript.Echo "a" - "b"
+' error: 13 Type mismatch

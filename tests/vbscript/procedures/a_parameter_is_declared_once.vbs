@@ -1,0 +1,3 @@
+Sub Test(a, A)
+End Sub
+' error: 1041 Name redefined

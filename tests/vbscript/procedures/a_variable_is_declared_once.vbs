@@ -1,0 +1,3 @@
+Dim x
+Dim X
+' error: 1041 Name redefined

@@ -1,0 +1,3 @@
+WScript.Echo kLater
+' expect: 7
+Const kLater = 7

@@ -1,0 +1,3 @@
+x = 1
+Const kCopy = x
+' error: 1045 Expected literal constant

@@ -1,0 +1,8 @@
+Sub Test
+    WScript.Echo "before"
+    Exit Sub
+    WScript.Echo "never"
+End Sub
+
+Test
+' expect: before

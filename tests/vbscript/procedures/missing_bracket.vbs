@@ -1,0 +1,2 @@
+x = Len("abc"
+' error: 1006 Expected ')'

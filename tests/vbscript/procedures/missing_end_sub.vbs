@@ -1,0 +1,3 @@
+Sub Test
+    WScript.Echo "never"
+' error: 1014 Expected 'End'

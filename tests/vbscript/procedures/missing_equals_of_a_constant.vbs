@@ -1,0 +1,2 @@
+Const kName "text"
+' error: 1011 Expected '='

@@ -1,0 +1,3 @@
+x = 1
+Option Explicit
+' error: 1024 Expected statement

@@ -1,0 +1,2 @@
+Dim type
+' error: 1010 Expected identifier

@@ -1,0 +1,7 @@
+Sub Test
+    hidden = 5
+End Sub
+
+Test
+WScript.Echo TypeName(hidden)
+' expect: Empty

@@ -1,0 +1,2 @@
+x = Unknown_(1)
+' error: 13 Type mismatch

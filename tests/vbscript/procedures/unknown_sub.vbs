@@ -1,0 +1,2 @@
+Unknown_ 1
+' error: 13 Type mismatch

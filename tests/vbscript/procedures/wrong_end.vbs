@@ -1,0 +1,3 @@
+Sub Test
+End Function
+' error: 1016 Expected 'Sub'

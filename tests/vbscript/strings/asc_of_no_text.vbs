@@ -1,0 +1,2 @@
+WScript.Echo Asc("")
+' error: 5 Invalid procedure call or argument

@@ -1,0 +1,2 @@
+WScript.Echo UCase(Left(Trim("  hello world "), 5))
+' expect: HELLO

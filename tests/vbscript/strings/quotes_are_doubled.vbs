@@ -1,0 +1,4 @@
+WScript.Echo "say ""hello"""
+' expect: say "hello"
+WScript.Echo """"
+' expect: "

@@ -1,0 +1,3 @@
+text = "one;two;;four"
+WScript.Echo CStr(Join(Split(text, ";"), ";") = text)
+' expect: True

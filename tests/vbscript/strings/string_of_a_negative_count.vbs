@@ -1,0 +1,2 @@
+WScript.Echo String(-1, "x")
+' error: 5 Invalid procedure call or argument

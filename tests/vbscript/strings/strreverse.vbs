@@ -1,0 +1,2 @@
+WScript.Echo StrReverse("abc"), "[" & StrReverse("") & "]"
+' expect: cba []

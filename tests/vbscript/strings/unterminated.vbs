@@ -1,0 +1,2 @@
+WScript.Echo "abc
+' error: 1033 Unterminated string constant
