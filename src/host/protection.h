@@ -23,12 +23,27 @@ struct Protection {
     // Connections beyond the guard timers of binary sends are closed like all others.
     bool every_connection_is_closed = false;
 
+    // The self-test waits between its steps until the unit is idle, and so never overflows its
+    // queue.
+    bool self_test_leaves_the_queue_room = false;
+
+    // A script's "#include" that no quoted name follows is an error, where the search for the name
+    // would never end.
+    bool broken_include_is_an_error = false;
+
+    // A page's "meta http-equiv" tag that holds no digit is reported and passed over in the search
+    // for a refresh, where the search would find it again for ever.
+    bool tag_without_digits_is_passed_over = false;
+
     [[nodiscard]] static constexpr Protection hardened() {
         return {.files_only_below_html = true,
                 .listener_outlives_overload = true,
                 .missing_body_ends_the_wait = true,
                 .stalled_queue_restarts = true,
-                .every_connection_is_closed = true};
+                .every_connection_is_closed = true,
+                .self_test_leaves_the_queue_room = true,
+                .broken_include_is_an_error = true,
+                .tag_without_digits_is_passed_over = true};
     }
 };
 
