@@ -50,11 +50,12 @@ QueueTimer::QueueTimer(core::Instance& instance, QueueTimerEvents& events)
     timer5_->set_enabled(true);
     bsc_timer_ = pump.make_timer([this] { events_.BSCTimer_Timer(); });
     script_queue_timer_ = pump.make_timer([this] { events_.ScriptQueueTimer_Timer(); });
-    connect_timer_ = pump.make_timer([this] { events_.ConnectTimer_Timer(); });
-    send_timer_ = pump.make_timer([this] { events_.SendTimer_Timer(); });
+    jukebox_ = std::make_shared<JukeboxLink>(
+        instance, [this] { events_.ConnectTimer_Timer(); }, [this] { events_.SendTimer_Timer(); });
 }
 
 QueueTimer::~QueueTimer() {
+    jukebox_->shut();
     instance_.hs().UnregisterEventCB(*this);
 }
 
@@ -90,18 +91,18 @@ std::vector<host::TimerStatus> QueueTimer::running_timers() const {
         add("Timer1(" + std::to_string(i) + ")", *timer1_[i]);
         add("IETimer(" + std::to_string(i) + ")", *ie_timer_[i]);
     }
-    const std::pair<const char*, const TimerPointer*> single[] = {
-        {"Timer2", &timer2_},
-        {"Timer3", &timer3_},
-        {"Timer4", &timer4_},
-        {"Timer5", &timer5_},
-        {"BSCTimer", &bsc_timer_},
-        {"ScriptQueueTimer", &script_queue_timer_},
-        {"ConnectTimer", &connect_timer_},
-        {"SendTimer", &send_timer_},
+    const std::pair<const char*, const host::Timer&> single[] = {
+        {"Timer2", *timer2_},
+        {"Timer3", *timer3_},
+        {"Timer4", *timer4_},
+        {"Timer5", *timer5_},
+        {"BSCTimer", *bsc_timer_},
+        {"ScriptQueueTimer", *script_queue_timer_},
+        {"ConnectTimer", jukebox_->ConnectTimer()},
+        {"SendTimer", jukebox_->SendTimer()},
     };
     for (const auto& [name, timer] : single) {
-        add(name, **timer);
+        add(name, timer);
     }
     return running;
 }

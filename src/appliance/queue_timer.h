@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "appliance/jukebox_link.h"
 #include "host/events.h"
 #include "host/plugin.h"
 #include "host/pump.h"
@@ -46,7 +47,8 @@ class QueueTimerEvents {
     virtual void HSEvent(std::span<const automation::Value> /*parms*/) {}
 };
 
-// The hidden event object "VeloraQueue": it owns the timers that make up the plug-in's main loop.
+// The hidden event object "VeloraQueue": it owns the timers that make up the plug-in's main loop,
+// and the line to the units' music players.
 // The plug-in creates it at start-up and drops it at shut-down.
 class QueueTimer : public host::EventListener {
   public:
@@ -74,9 +76,12 @@ class QueueTimer : public host::EventListener {
 
     [[nodiscard]] host::Timer& ScriptQueueTimer() { return *script_queue_timer_; }
 
-    [[nodiscard]] host::Timer& ConnectTimer() { return *connect_timer_; }
+    // Whoever waits in it keeps it for as long.
+    [[nodiscard]] const std::shared_ptr<JukeboxLink>& phJuke() { return jukebox_; }
 
-    [[nodiscard]] host::Timer& SendTimer() { return *send_timer_; }
+    [[nodiscard]] host::Timer& ConnectTimer() { return jukebox_->ConnectTimer(); }
+
+    [[nodiscard]] host::Timer& SendTimer() { return jukebox_->SendTimer(); }
 
     // Timers that tick now.
     [[nodiscard]] std::vector<host::TimerStatus> running_timers() const;
@@ -95,8 +100,7 @@ class QueueTimer : public host::EventListener {
     TimerPointer timer5_;
     TimerPointer bsc_timer_;
     TimerPointer script_queue_timer_;
-    TimerPointer connect_timer_;
-    TimerPointer send_timer_;
+    std::shared_ptr<JukeboxLink> jukebox_;
 };
 
 }  // namespace appliance

@@ -1,6 +1,7 @@
 #include "appliance/velora.h"
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 #include "appliance/udp_link.h"
@@ -20,6 +21,7 @@ using automation::guarded;
 using devices::SubDevice;
 
 constexpr std::int32_t kLongestMotionOff = 99999;
+constexpr std::chrono::hours kAgeOfSlideBeforeTheFirst(1);
 constexpr std::int16_t kSetValueCommand = 19;
 constexpr std::int16_t kSoundsVolumeAfterPowerOn = 50;
 
@@ -39,6 +41,7 @@ Velora::Velora(const ApplianceServices& services)
     : services_(services),
       log_(services.instance.log, name_),
       queue_(services.instance, *this, log_, services.udp_link),
+      slideshow_time_(services.instance.platform().clock.now() - kAgeOfSlideBeforeTheFirst),
       motion_start_time_(services.instance.platform().clock.now()) {}
 
 Velora::~Velora() = default;

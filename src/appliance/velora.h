@@ -150,6 +150,16 @@ class Velora : public TimerOwner, private QueueOwner, public std::enable_shared_
     // --- browser ---
     std::string PushPage(const std::string& page, const std::string& tag);    // of the own server
     std::string PushIISPage(const std::string& url, const std::string& tag);  // without scheme
+
+    // Shows a text as a page of its own, its lines separated by CR LF. The page goes away after
+    // `delay` seconds; 0 lets it stay.
+    std::string PushTextMessage(const std::string& text, const std::string& tag,
+                                std::int32_t delay = 0);
+
+    void set_PushText(const std::string& text) { PushTextMessage(text, ""); }
+
+    [[nodiscard]] const std::string& PushText() const { return push_text_; }  // the last one
+
     std::string SendPushFullscreen(const std::string& page, const std::string& tag);
 
     [[nodiscard]] const std::string& Display() const { return display_; }
@@ -171,6 +181,20 @@ class Velora : public TimerOwner, private QueueOwner, public std::enable_shared_
     [[nodiscard]] std::int16_t SlideGroup() const { return slide_group_; }
 
     void set_SlideGroup(std::int16_t group) { slide_group_ = group; }
+
+    // Place in the group's rows, and pictures still to show of the present one.
+    [[nodiscard]] std::int16_t SlideGroupIndex() const { return slide_group_index_; }
+
+    void set_SlideGroupIndex(std::int16_t index) { slide_group_index_ = index; }
+
+    [[nodiscard]] std::int16_t SlideCount() const { return slide_count_; }
+
+    void set_SlideCount(std::int16_t count) { slide_count_ = count; }
+
+    // When the unit last asked for a slide.
+    [[nodiscard]] automation::DateTime SlideshowTime() const { return slideshow_time_; }
+
+    void set_SlideshowTime(automation::DateTime when) { slideshow_time_ = when; }
 
     // --- waits, power, free commands ---
     std::string SetWaitsecs(std::int16_t seconds, const std::string& tag);
@@ -255,6 +279,7 @@ class Velora : public TimerOwner, private QueueOwner, public std::enable_shared_
     std::string load_page(const std::string& url, const std::string& tag);
     [[nodiscard]] std::string own_server_url(const std::string& path) const;
     std::string TextToWav(const std::string& text);
+    [[nodiscard]] std::string next_temporary_number();
     [[nodiscard]] std::string next_temporary_name(std::string_view extension);
     std::string SendWav(const std::string& wav, const std::string& tag);
 
@@ -285,10 +310,14 @@ class Velora : public TimerOwner, private QueueOwner, public std::enable_shared_
     std::int16_t volume_ = -1;
     bool browser_full_screen_ = true;
     std::string display_;
+    std::string push_text_;
 
     std::int16_t enable_slideshow_ = 0;
     bool shows_slides_ = false;
     std::int16_t slide_group_ = 0;
+    std::int16_t slide_group_index_ = 0;
+    std::int16_t slide_count_ = 0;
+    automation::DateTime slideshow_time_{};
     std::int32_t motion_off_minutes_ = 0;
     automation::DateTime motion_start_time_{};
     bool does_caller_id_ = false;

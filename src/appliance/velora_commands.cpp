@@ -5,6 +5,8 @@
 #include "devices/status_board.h"
 #include "host/clock.h"
 #include "host/host_interface.h"
+#include "media/sound_files.h"
+#include "media/text_page.h"
 
 // Lights, sounds, browser and free commands: each operation's command text, state and device.
 namespace appliance {
@@ -174,6 +176,28 @@ std::string Velora::PushIISPage(const std::string& url, const std::string& tag) 
     return guarded(log_, "SendPushIISPage ", [&] {
         prepare_page(url, tag);
         return load_page("http://" + url, tag);
+    });
+}
+
+std::string Velora::PushTextMessage(const std::string& text, const std::string& tag,
+                                    std::int32_t delay) {
+    return guarded(log_, "PushTextMessage ", [&] {
+        push_text_ = text;
+        // Blanks of the name stay, unlike in the names of sound files.
+        const std::string file = "VeloraTemp/" + std::string(media::kTemporaryFileStem) + name_ +
+                                 next_temporary_number() + ".html";
+        const core::UtilitySettings& settings = services_.instance.settings;
+        media::WrapHTML(services_.instance, file,
+                        {.background = settings.TextBackground,
+                         .foreground = settings.TextForeground,
+                         .size = settings.TextFontSize,
+                         .face = settings.TextStyle},
+                        text, delay);
+        std::string queued = PushPage(file, tag);
+        browser_full_screen_ = true;
+        show_status(SubDevice::Browser, devices::kStatusFullScreen);
+        services_.status_board.show_value(device_code(SubDevice::Display), 0, text);
+        return queued;
     });
 }
 

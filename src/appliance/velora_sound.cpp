@@ -20,11 +20,15 @@ bool is_full_path(const std::string& file) {
 
 }  // namespace
 
-std::string Velora::next_temporary_name(std::string_view extension) {
+std::string Velora::next_temporary_number() {
     temporary_file_counter_ = (temporary_file_counter_ + 1) % kTemporaryNames;
+    return std::to_string(temporary_file_counter_);
+}
+
+std::string Velora::next_temporary_name(std::string_view extension) {
     std::string stem = name_;
     std::erase(stem, ' ');
-    return std::string(media::kTemporaryFileStem) + stem + std::to_string(temporary_file_counter_) +
+    return std::string(media::kTemporaryFileStem) + stem + next_temporary_number() +
            std::string(extension);
 }
 

@@ -3,6 +3,7 @@
 #include "automation/code_page.h"
 #include "automation/convert.h"
 #include "automation/guarded.h"
+#include "devices/status_board.h"
 #include "host/clock.h"
 #include "host/host_interface.h"
 
@@ -51,6 +52,11 @@ host::DeviceRef HostDevices::hsDeviceExists(std::string_view code) {
                                  : instance_.hs().DeviceExists(code);
     });
     return ref;
+}
+
+std::shared_ptr<host::Device> HostDevices::device_with(std::string_view code) {
+    const host::DeviceRef ref = hsDeviceExists(code);
+    return ref == host::kNoDevice ? nullptr : hsGetDevice(ref);
 }
 
 std::shared_ptr<host::Device> HostDevices::NewHSDevice(std::string_view name,
@@ -156,6 +162,7 @@ void HostDevices::CIDDevice(std::string_view code) {
             instance_.hs().SetDeviceString(code, "");
             instance_.hs().SetDeviceStatus(code, host::kStatusOff);
             instance_.hs().SetDeviceLastChange(code, instance_.platform().clock.now());
+            status_board_.announce(code);
         }
     });
 }

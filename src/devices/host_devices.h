@@ -10,17 +10,23 @@
 
 namespace devices {
 
+class StatusBoard;
+
 // The way to the host's devices for both of its generations, and the devices that the plug-in
 // keeps there. Owned by the plug-in's entry class.
 class HostDevices {
   public:
-    explicit HostDevices(core::Instance& instance) : instance_(instance) {}
+    HostDevices(core::Instance& instance, StatusBoard& status_board)
+        : instance_(instance), status_board_(status_board) {}
 
     // By reference on newer hosts, by number or code on older ones. None or -1 when absent; an
     // error of the host is logged and counts as absent.
     [[nodiscard]] std::shared_ptr<host::Device> hsGetDevice(host::DeviceRef ref);
     host::DeviceRef hsNewDevice(std::string_view name, std::string_view code);
     [[nodiscard]] host::DeviceRef hsDeviceExists(std::string_view code);
+
+    // The device with this code, none when absent.
+    [[nodiscard]] std::shared_ptr<host::Device> device_with(std::string_view code);
 
     // Makes a device with this code and gives it; none when the host refuses.
     std::shared_ptr<host::Device> NewHSDevice(std::string_view name, std::string_view code);
@@ -44,6 +50,10 @@ class HostDevices {
     // Button mark-up of the enabled sounds; "" when devices show states only.
     [[nodiscard]] std::string UpdateSoundsButton(std::string_view location) const;
 
+    // Gives the sounds devices of all blocks the buttons of the sounds that are enabled now. Blocks
+    // begin at 1, 11, 21 and so on. Errors are logged.
+    void UpdateButtons();
+
     [[nodiscard]] static std::string DefineValues(std::int16_t first, std::int16_t count);
     [[nodiscard]] std::string DefineButtons(std::int16_t first, std::int16_t count,
                                             std::string_view location) const;
@@ -60,6 +70,7 @@ class HostDevices {
                            std::int32_t flags);
 
     core::Instance& instance_;
+    StatusBoard& status_board_;
 };
 
 // Version of the plug-in, as it is shown to the host and in the log.

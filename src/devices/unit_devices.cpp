@@ -11,6 +11,9 @@ constexpr std::string_view kPluginName = "zynVelora";
 constexpr char kEntrySeparator = '\x01';
 constexpr char kFieldSeparator = '\x02';
 
+constexpr int kFirstSoundsDevice = 7;
+constexpr int kHighestDeviceNumber = 63;
+
 constexpr std::int32_t kNoButtons = 16;
 constexpr std::int32_t kStatusOnlyDevice = 32;
 constexpr std::int32_t kReportsValueChanges = 32768;
@@ -67,22 +70,40 @@ std::string HostDevices::UpdateSoundsButton(std::string_view location) const {
     });
 }
 
+void HostDevices::UpdateButtons() {
+    automation::guarded(instance_.log, "UpdateButtons: ", [&] {
+        for (int number = kFirstSoundsDevice; number <= kHighestDeviceNumber;
+             number += static_cast<int>(kSubDeviceCount)) {
+            const auto device = device_with(instance_.HouseCode + std::to_string(number));
+            if (device == nullptr) {
+                continue;
+            }
+            host::DeviceFields fields = device->fields();
+            fields.buttons = UpdateSoundsButton(fields.location);
+            device->set_fields(fields);
+        }
+    });
+}
+
 void HostDevices::write_unit_device(host::Device& device, SubDevice sub_device,
                                     std::string_view location, std::int32_t flags) {
-    host::DeviceFields fields = device.fields();
+    const host::DeviceFields before = device.fields();
+    host::DeviceFields fields = before;
     if (sub_device == SubDevice::Reserved) {
         fields.iotype = kTypeStatusOnly;
         fields.misc = flags | kStatusOnlyDevice;
-        device.set_fields(fields);
-        return;
+    } else {
+        const SubDeviceRow& row = kSubDevices[static_cast<std::size_t>(sub_device)];
+        fields.misc = flags;
+        fields.values = DefineValues(row.first, row.count);
+        fields.buttons = sub_device == SubDevice::Sounds
+                             ? UpdateSoundsButton(fields.location)
+                             : DefineButtons(row.first, row.count, location);
     }
-    const SubDeviceRow& row = kSubDevices[static_cast<std::size_t>(sub_device)];
-    fields.misc = flags;
-    fields.values = DefineValues(row.first, row.count);
-    fields.buttons = sub_device == SubDevice::Sounds
-                         ? UpdateSoundsButton(fields.location)
-                         : DefineButtons(row.first, row.count, location);
-    device.set_fields(fields);
+    // A reload finds most devices as they are, and hosts keep what they are told on disk.
+    if (fields != before) {
+        device.set_fields(fields);
+    }
 }
 
 void HostDevices::make_unit_device(std::string_view code, SubDevice sub_device,

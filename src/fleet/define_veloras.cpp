@@ -67,7 +67,7 @@ class Fleet::DeviceNumbers {
 };
 
 void Fleet::DefineVeloras() {
-    guarded(services_.instance.log, "DefineVeloras ", [&] {
+    guarded(services_.instance.log, "DefineVeloras: ", [&] {
         services_.host_devices.InitDevices();
         DeviceNumbers numbers;
         for (Appliance& appliance : table_) {

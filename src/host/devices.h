@@ -33,6 +33,8 @@ struct DeviceFields {
     std::int32_t iotype = 0;
     std::string values;   // word, chr 2, number; entries separated by chr 1
     std::string buttons;  // plug-in, chr 2, caption; entries separated by chr 1
+
+    friend bool operator==(const DeviceFields&, const DeviceFields&) = default;
 };
 
 // One device of the host. The object stays valid when the device is deleted; writes are then lost.

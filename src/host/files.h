@@ -21,7 +21,9 @@ class TextStream {
   public:
     virtual ~TextStream() = default;
 
-    // Adds the line and CR LF; on disk when the call returns. Throws: RunTimeError 61 or 57.
+    // Add the text as it is, or the line and CR LF; on disk when the call returns. Throw:
+    // RunTimeError 61 or 57.
+    virtual void Write(std::string_view text) = 0;
     virtual void WriteLine(std::string_view line) = 0;
 };
 

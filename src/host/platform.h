@@ -13,6 +13,7 @@ class PageFetcher;
 class PhoneAddOn;
 class Pump;
 class Random;
+class ScriptControls;
 class SerialPorts;
 class Speech;
 class UserStore;
@@ -29,6 +30,7 @@ struct Platform {
     Speech& speech;
     UserStore& user_store;
     Desktop& desktop;
+    ScriptControls& script_controls;
     Protection protection;
 };
 

@@ -63,6 +63,16 @@ class Plugin {
 
     virtual void SelectMenu(const std::string& entry) = 0;
 
+    // A person has pressed a button of a device: "<label> @ <location> Velora". Others are ignored.
+    virtual void ButtonPress(const std::string& button) = 0;
+
+    // An event of the host carries out an action that it holds for the plug-in as a text of fields
+    // separated by chr 2. Others than its own are ignored.
+    virtual void TriggerAction(const std::string& action) = 0;
+
+    // Such an action in words, "" for one that is not its own.
+    [[nodiscard]] virtual std::string ActionUIFormat(const std::string& action) = 0;
+
     // The plug-in as scripts and other programs see it.
     [[nodiscard]] virtual std::shared_ptr<automation::Object> object() = 0;
 

@@ -71,6 +71,10 @@ std::string S::VeloraPushPageEx(const std::string& s) {
     return pass_on(*this, &S::VeloraPushPage, as_text, s);
 }
 
+std::string S::VeloraTextEx(const std::string& s) {
+    return pass_on(*this, &S::VeloraText, as_text, s);
+}
+
 std::string S::VeloraTopLedEx(const std::string& s) {
     return pass_on(*this, &S::VeloraTopLed, as_text, s);
 }
@@ -139,6 +143,11 @@ std::string S::VeloraSendCommandEx(const std::string& s) {
         return {};
     }
     return VeloraSendCommand(fields[0], fields[1], fields[2], fields[3]);
+}
+
+// Not cut: the command may well hold a ";".
+void S::VeloraPhjukeEx(const std::string& sCommand) {
+    VeloraPhjuke("", sCommand);
 }
 
 }  // namespace plugin

@@ -1,3 +1,4 @@
+#include "appliance/checkout.h"
 #include "automation/code_page.h"
 #include "automation/guarded.h"
 #include "automation/strings.h"
@@ -170,6 +171,22 @@ std::string ScriptInterface::VeloraSendCommand(const std::string& whichVeloras,
                         [&](Unit& unit, auto& tag) { unit.SendUDPCommand(sCommand, sParm, tag); });
 }
 
+std::string ScriptInterface::VeloraText(const std::string& whichVeloras,
+                                        const std::string& sMessage) {
+    return command_each(whichVeloras, [&](Unit& unit, auto& tag) {
+        unit.PushTextMessage(sMessage, tag);
+        if (unit.Sleep() != "always awake") {
+            unit.set_Sleep("awake");
+        }
+    });
+}
+
+std::string ScriptInterface::VeloraTest(const std::string& whichVeloras) {
+    return command_each(whichVeloras, [this](Unit& unit, auto& /*tag*/) {
+        appliance::Checkout(parts_.instance, unit);
+    });
+}
+
 // --- reachable or not ----------------------------------------------------------------------------
 
 std::string ScriptInterface::VeloraPluginDisable(const std::string& whichVeloras, bool bDisable) {
@@ -206,6 +223,25 @@ void ScriptInterface::VeloraResetQueue() {
         unit->ResetQueue();
         unit->set_PowerCycleCount(0);
     }
+}
+
+void ScriptInterface::VeloraPhjuke(const std::string& whichVeloras, const std::string& sCommand) {
+    automation::guarded(parts_.instance.log, "VeloraPhjuke ", [&] {
+        for (const auto& unit : parts_.fleet.GetVeloraObjects(whichVeloras)) {
+            if (parts_.queue_timer == nullptr) {
+                return;
+            }
+            const std::shared_ptr<appliance::JukeboxLink> player = parts_.queue_timer->phJuke();
+            const std::string& port = parts_.instance.settings.PhJukeCommandPort;
+            if (player->ConnectPhJuke(unit->IP(), port)) {
+                player->SendPhJuke(sCommand);
+            } else {
+                parts_.instance.log.VeloraWriteLog(
+                    core::kLogType, "Unable to connect to phJuke at Velora " + unit->Name() +
+                                        " / " + unit->IP() + ":" + port);
+            }
+        }
+    });
 }
 
 // --- one unit's state ----------------------------------------------------------------------------

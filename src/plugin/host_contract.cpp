@@ -3,7 +3,8 @@
 #include "plugin/script_interface.h"
 #include "plugin/subsystems.h"
 
-// What a host asks of the plug-in by name: its version and the start of its kinds of plug-in.
+// What a host asks of the plug-in by name: its version, the start of its kinds of plug-in, and
+// events and buttons that it carries out.
 namespace plugin {
 
 std::string ScriptInterface::Version() {
@@ -27,6 +28,22 @@ automation::Value ScriptInterface::LearnIR(const automation::Value& /*loc*/) {
         "After pressing OK, point your remote at the learn window and press the key your wish to "
         "learn.");
     return {};
+}
+
+void ScriptInterface::ModifyActionUI(const std::shared_ptr<automation::Object>& controls) {
+    parts_.actions.ModifyActionUI(controls);
+}
+
+std::string ScriptInterface::ActionUIFormat(const std::string& Action) {
+    return parts_.actions.ActionUIFormat(Action);
+}
+
+void ScriptInterface::TriggerAction(const std::string& actionStr) {
+    parts_.actions.TriggerAction(actionStr);
+}
+
+void ScriptInterface::ButtonPress(const std::string& ButtonName) {
+    parts_.actions.ButtonPress(ButtonName);
 }
 
 }  // namespace plugin

@@ -74,6 +74,18 @@ void hspi::SelectMenu(const std::string& entry) {
     select_menu(parts_->subsystems, entry);
 }
 
+void hspi::ButtonPress(const std::string& button) {
+    parts_->subsystems.actions.ButtonPress(button);
+}
+
+void hspi::TriggerAction(const std::string& action) {
+    parts_->subsystems.actions.TriggerAction(action);
+}
+
+std::string hspi::ActionUIFormat(const std::string& action) {
+    return parts_->subsystems.actions.ActionUIFormat(action);
+}
+
 std::shared_ptr<automation::Object> hspi::object() {
     return parts_->script_interface;
 }

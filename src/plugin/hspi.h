@@ -29,6 +29,9 @@ class hspi final : public host::Plugin {
                std::int16_t command, std::int16_t brightness, std::int16_t data1,
                std::int16_t data2) override;
     void SelectMenu(const std::string& entry) override;
+    void ButtonPress(const std::string& button) override;
+    void TriggerAction(const std::string& action) override;
+    [[nodiscard]] std::string ActionUIFormat(const std::string& action) override;
 
     [[nodiscard]] std::shared_ptr<automation::Object> object() override;
     [[nodiscard]] host::PluginStatus status() const override;

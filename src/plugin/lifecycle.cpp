@@ -120,6 +120,7 @@ void Lifecycle::start_up() {
     parts_.timer_pools.attach(nullptr);
     parts_.fleet.reset();
     load_queue_timer();
+    parts_.user_script.load();
     parts_.settings.InitVeloraUtilities();
     sync_with_host();
     parts_.host_devices.SetValueCallback();
@@ -169,6 +170,7 @@ void Lifecycle::ShutdownIO() {
         parts_.fleet.shutdown();
         parts_.timer_pools.attach(nullptr);
         parts_.queue_timer.reset();
+        parts_.user_script.unload();
     });
 }
 

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "appliance/checkout.h"
 #include "host/desktop.h"
 #include "plugin/subsystems.h"
 
@@ -53,18 +54,25 @@ void show_help(Subsystems& parts) {
                                                     "\\Help\\zynVelora\\zynVelora_Readme.htm");
 }
 
+void test_units(Subsystems& parts) {
+    for (const auto& unit : parts.fleet.all()) {
+        appliance::Checkout(parts.instance, *unit);
+    }
+}
+
 struct MenuAction {
     std::string_view entry;
     void (*action)(Subsystems& parts);
 };
 
-constexpr std::array<MenuAction, 7> kMenuActions{{
+constexpr std::array<MenuAction, 8> kMenuActions{{
     {"Browser", &browse_status_page},
     {"Start Slideshow", &start_slideshow},
     {"Stop Slideshow", &stop_slideshow},
     {"Reset Queue", &reset_queues},
     {"Disable Plugin", &set_disabled<true>},
     {"Enable Plugin", &set_disabled<false>},
+    {"Test", &test_units},
     {"Help", &show_help},
 }};
 

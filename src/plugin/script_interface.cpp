@@ -36,7 +36,9 @@ constexpr auto kMembers = std::to_array<Member>({
     method<&S::VeloraPushIISPage>("VeloraPushIISPage", "whichVeloras, WebPage"),
     method<&S::VeloraPushFullscreen>("VeloraPushFullscreen", "whichVeloras, WebPage"),
     method<&S::VeloraPushPage>("VeloraPushPage", "whichVeloras, WebPage"),
+    method<&S::VeloraText>("VeloraText", "whichVeloras, sMessage"),
     method<&S::VeloraCyclePower>("VeloraCyclePower", "whichVeloras"),
+    method<&S::VeloraTest>("VeloraTest", "whichVeloras"),
     method<&S::VeloraExecute>("VeloraExecute", "whichVeloras, sCommand"),
     method<&S::VeloraSendCommand>("VeloraSendCommand", "whichVeloras, sCommand, sParm, sIPx"),
 
@@ -61,7 +63,9 @@ constexpr auto kMembers = std::to_array<Member>({
     method<&S::VeloraSetBrowserScreenEx>("VeloraSetBrowserScreenEx", "s"),
     method<&S::VeloraPluginDisableEx>("VeloraPluginDisableEx", "s"),
     method<&S::VeloraACIDEx>("VeloraACIDEx", "s"),
+    method<&S::VeloraTextEx>("VeloraTextEx", "s"),
     method<&S::VeloraSendCommandEx>("VeloraSendCommandEx", "s"),
+    method<&S::VeloraPhjukeEx>("VeloraPhjukeEx", "sCommand"),
 
     // reachable or not
     method<&S::VeloraPluginDisable>("VeloraPluginDisable", "whichVeloras, bDisable"),
@@ -69,6 +73,7 @@ constexpr auto kMembers = std::to_array<Member>({
     method<&S::VeloraIsSpeaking>("VeloraIsSpeaking", "whichVeloras"),
     method<&S::VeloraCommandBusy>("VeloraCommandBusy", "whichVeloras, sTag"),
     method<&S::VeloraResetQueue>("VeloraResetQueue"),
+    method<&S::VeloraPhjuke>("VeloraPhjuke", "whichVeloras, sCommand"),
 
     // one unit's state
     method<&S::VeloraSlideshowStatus>("VeloraSlideshowStatus", "whichVelora"),
@@ -138,6 +143,11 @@ constexpr auto kMembers = std::to_array<Member>({
     method<&S::no_text>("ValidateTriggerUI"),
     method<&S::no_text>("ValidateActionUI"),
     method<&S::nothing>("ModifyTriggerUI", "controls"),
+    method<&S::no_text>("ActionUI", "trigger_String"),
+    method<&S::ModifyActionUI>("ModifyActionUI", "controls"),
+    method<&S::ActionUIFormat>("ActionUIFormat", "Action"),
+    method<&S::TriggerAction>("TriggerAction", "actionStr"),
+    method<&S::ButtonPress>("ButtonPress", "ButtonName"),
     method<&S::no_text>("GenPage", "lnk"),
     property<&S::get_Link, &S::set_Link>("Link"),
     property<&S::get_linktext, &S::set_linktext>("linktext"),

@@ -52,7 +52,9 @@ class ScriptInterface final : public automation::TableObject {
     std::string VeloraPushPage(const std::string& whichVeloras, const std::string& WebPage);
     std::string VeloraPushIISPage(const std::string& whichVeloras, const std::string& WebPage);
     std::string VeloraPushFullscreen(const std::string& whichVeloras, const std::string& WebPage);
+    std::string VeloraText(const std::string& whichVeloras, const std::string& sMessage);
     std::string VeloraCyclePower(const std::string& whichVeloras);
+    std::string VeloraTest(const std::string& whichVeloras);
     std::string VeloraExecute(const std::string& whichVeloras, const std::string& sCommand);
     std::string VeloraSendCommand(const std::string& whichVeloras, const std::string& sCommand,
                                   const std::string& sParm, const std::string& sIPx);
@@ -63,6 +65,7 @@ class ScriptInterface final : public automation::TableObject {
     bool VeloraIsSpeaking(const std::string& whichVeloras);
     bool VeloraCommandBusy(const std::string& whichVeloras, const std::string& sTag);
     void VeloraResetQueue();
+    void VeloraPhjuke(const std::string& whichVeloras, const std::string& sCommand);
 
     // --- one unit's state; "" or 0 or false without one
     // -------------------------------------------
@@ -99,6 +102,7 @@ class ScriptInterface final : public automation::TableObject {
     std::string VeloraPushIISPageEx(const std::string& s);
     std::string VeloraPushFullscreenEx(const std::string& s);
     std::string VeloraPushPageEx(const std::string& s);
+    std::string VeloraTextEx(const std::string& s);
     std::string VeloraTopLedEx(const std::string& s);
     std::string VeloraMailLedEx(const std::string& s);
     std::string VeloraExecuteEx(const std::string& s);
@@ -115,6 +119,7 @@ class ScriptInterface final : public automation::TableObject {
     std::string VeloraPluginDisableEx(const std::string& s);
     std::string VeloraACIDEx(const std::string& s);
     std::string VeloraSendCommandEx(const std::string& s);
+    void VeloraPhjukeEx(const std::string& sCommand);
 
     // --- what the host asks; see host_contract.cpp -----------------------------------------------
     [[nodiscard]] std::string plugin_name() const;
@@ -122,6 +127,10 @@ class ScriptInterface final : public automation::TableObject {
     std::string InitX10(std::int32_t port);
     std::string InitIR(std::int32_t port);
     automation::Value LearnIR(const automation::Value& loc);
+    void ModifyActionUI(const std::shared_ptr<automation::Object>& controls);
+    std::string ActionUIFormat(const std::string& Action);
+    void TriggerAction(const std::string& actionStr);
+    void ButtonPress(const std::string& ButtonName);
 
     std::string get_Link() const { return link_; }
 

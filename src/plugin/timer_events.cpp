@@ -2,6 +2,9 @@
 
 #include <memory>
 
+#include "automation/convert.h"
+#include "automation/guarded.h"
+#include "automation/run_time_error.h"
 #include "plugin/subsystems.h"
 
 namespace plugin {
@@ -21,7 +24,39 @@ void TimerEvents::IETimer_Timer(std::size_t index) {
 
 void TimerEvents::Timer2_Timer() {
     parts_.queue_timer->Timer2().set_enabled(true);
+    parts_.supervision.UpdateSleepModeStatus();
+    parts_.supervision.UpdateSlideshowNoMotionStatus();
+    parts_.supervision.EvaluatePowerCycle();
     parts_.sound_files.RemoveOldFiles();
+}
+
+void TimerEvents::ConnectTimer_Timer() {
+    parts_.queue_timer->phJuke()->ConnectTimer_Timer();
+}
+
+void TimerEvents::SendTimer_Timer() {
+    parts_.queue_timer->phJuke()->SendTimer_Timer();
+}
+
+void TimerEvents::ScriptQueueTimer_Timer() {
+    parts_.user_script.ScriptQueueTimer_Timer();
+}
+
+void TimerEvents::HSEvent(std::span<const automation::Value> parms) {
+    constexpr std::size_t kNumber = 1;
+    constexpr std::size_t kHouseLetter = 2;
+    constexpr std::size_t kStatus = 3;
+    automation::guarded(parts_.instance.log, "HSEvent ", [&] {
+        if (!parts_.instance.StartupReady) {
+            return;
+        }
+        if (parms.size() <= kStatus) {
+            throw automation::RunTimeError(automation::ErrorNumber::SubscriptOutOfRange);
+        }
+        parts_.supervision.CheckMotionEvent(
+            automation::to_text(parms[kHouseLetter]) + automation::to_text(parms[kNumber]),
+            automation::to_int32(parms[kStatus]));
+    });
 }
 
 }  // namespace plugin

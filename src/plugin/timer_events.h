@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <span>
 
 #include "appliance/queue_timer.h"
 
@@ -21,6 +22,16 @@ class TimerEvents : public appliance::QueueTimerEvents {
 
     // Once a minute.
     void Timer2_Timer() override;
+
+    // Calls wait for the user's script.
+    void ScriptQueueTimer_Timer() override;
+
+    // Time limits of the line to the music players.
+    void ConnectTimer_Timer() override;
+    void SendTimer_Timer() override;
+
+    // Motion, once start-up has finished. Errors are logged.
+    void HSEvent(std::span<const automation::Value> parms) override;
 
   private:
     Subsystems& parts_;

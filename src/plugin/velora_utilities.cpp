@@ -12,6 +12,7 @@
 #include "automation/strings.h"
 #include "devices/host_devices.h"
 #include "fleet/fleet.h"
+#include "fleet/supervision.h"
 #include "host/clock.h"
 #include "host/files.h"
 #include "host/host_interface.h"
@@ -295,6 +296,7 @@ void VeloraUtilities::arm_minute_timer() {
         timers->Timer2().set_enabled(false);
         return;
     }
+    services_.supervision.restart_sleep_check();
     timers->Timer2().set_interval(kMinuteTick);
     timers->Timer2().set_enabled(true);
 }

@@ -16,7 +16,8 @@ class HostDevices;
 
 namespace fleet {
 class Fleet;
-}
+class Supervision;
+}  // namespace fleet
 
 namespace webserver {
 class TCPServerModule;
@@ -30,6 +31,7 @@ struct SettingsServices {
     devices::HostDevices& host_devices;
     appliance::TimerPools& timer_pools;
     fleet::Fleet& fleet;
+    fleet::Supervision& supervision;
     webserver::TCPServerModule& web_server;
     std::function<appliance::QueueTimer*()> queue_timer;  // none before it is loaded
 };

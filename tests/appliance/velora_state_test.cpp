@@ -28,6 +28,7 @@ TEST(NewUnit, HasTheStateOfAUnitThatWasJustSwitchedOn) {
     EXPECT_EQ(unit.Volume(), -1);
     EXPECT_TRUE(unit.BrowserFullScreen());
     EXPECT_FALSE(unit.Slideshow());
+    EXPECT_EQ(unit.SlideshowTime(), house.machine().pump.now() - 1h);
     EXPECT_TRUE(unit.queue().has_command_timer());
 }
 

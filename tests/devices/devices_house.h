@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "core/instance.h"
+#include "devices/actions.h"
 #include "devices/host_devices.h"
 #include "devices/status_board.h"
 #include "support/fake_platform.h"
@@ -29,8 +30,9 @@ class DevicesHouse {
     support::FakeMachine machine;
     support::MemoryHost host;
     core::Instance instance{machine.platform()};
-    HostDevices devices{instance};
     StatusBoard board{instance};
+    HostDevices devices{instance, board};
+    Actions actions{instance, devices};
 };
 
 }  // namespace devices

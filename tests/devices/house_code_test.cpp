@@ -11,6 +11,13 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
+class HeardEndpoints : public EndpointListener {
+  public:
+    void SendXapBSC(std::string_view code) override { codes.emplace_back(code); }
+
+    std::vector<std::string> codes;
+};
+
 struct OwnedDevice {
     const char* hc;
     const char* interface_name;
@@ -81,6 +88,8 @@ TEST(HouseCode, IsFixedInTheXapApplication) {
 TEST(CallerDevice, IsMadeOnce) {
     for (const Generation generation : {Generation::Newer, Generation::Older, Generation::Hosted}) {
         DevicesHouse house(generation);
+        HeardEndpoints endpoints;
+        house.board.set_listener(&endpoints);
         house.devices.CIDDevice("[91");
         const auto device = house.host.device("[91");
         EXPECT_EQ(device.fields.name, "CID Detected");
@@ -95,6 +104,7 @@ TEST(CallerDevice, IsMadeOnce) {
         house.devices.CIDDevice("[91");
         EXPECT_EQ(house.host.DeviceString("[91"), "Smith");
         EXPECT_EQ(house.host.DeviceCount(), 1);
+        EXPECT_THAT(endpoints.codes, ElementsAre("[91"));
     }
 }
 

@@ -48,6 +48,27 @@ TEST(SoundButtons, AreThoseThatAreEnabled) {
     EXPECT_EQ(house.devices.UpdateSoundsButton("hall"), "");
 }
 
+TEST(SoundButtons, OfAllBlocksFollowTheSettings) {
+    for (const Generation generation : kGenerations) {
+        DevicesHouse house(generation);
+        make_unit(house, 1, "hall");
+        make_unit(house, 61, "den");  // its sounds device is number 67, behind the last one
+        house.host.put_device("[27", "other");
+        house.instance.settings.SoundButtonEnabled[2] = true;
+        house.devices.UpdateButtons();
+        const auto buttons = [&](const char* code) {
+            return house.host.device(code).fields.buttons;
+        };
+        EXPECT_EQ(buttons("[7"), "zynVelora\x02Play Copy Sound @ hall Velora");
+        EXPECT_EQ(buttons("[27"), "zynVelora\x02Play Copy Sound @  Velora");
+        EXPECT_EQ(buttons("[67"), "");
+        house.instance.settings.StatusOnly = true;
+        house.devices.UpdateButtons();
+        EXPECT_EQ(buttons("[7"), "");
+        EXPECT_FALSE(house.host.device("[7").fields.values.empty());
+    }
+}
+
 TEST(UnitDevices, AreTenWithCodeNameAndOwner) {
     constexpr const char* kNames[] = {"Display", "Awake",  "Backlight",     "Top LED", "Mail LED",
                                       "Browser", "Sounds", "Sounds Volume", "Volume",  "Reserved"};

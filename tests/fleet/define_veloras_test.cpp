@@ -199,7 +199,7 @@ TEST(DefineVeloras, ReportsAFailureAndKeepsWhatItHas) {
     house.host().fail(support::MemoryHost::Operation::SaveIniSetting, 3,
                       automation::ErrorNumber::PermissionDenied);
     house.fleet().DefineVeloras();
-    EXPECT_THAT(house.log(), ElementsAre(testing::StartsWith("zynVelora: DefineVeloras  Line ")));
+    EXPECT_THAT(house.log(), ElementsAre(testing::StartsWith("zynVelora: DefineVeloras:  Line ")));
     EXPECT_EQ(house.velora("one").DeviceCodeBase(), "[1");
 }
 
