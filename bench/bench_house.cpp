@@ -57,6 +57,7 @@ BenchHouse::BenchHouse(const std::string& unit_host_and_port)
                              .speech = speech_,
                              .user_store = user_store_,
                              .desktop = desktop_,
+                             .script_controls = script_controls_,
                              .protection = host::Protection::hardened()}) {
     plugin_.RegisterCallback(host_);
     plugin_.InitIO(0);

@@ -19,6 +19,7 @@
 #include "platform/system/system_clock.h"
 #include "platform/system/system_random.h"
 #include "plugin/hspi.h"
+#include "vbscript/control/script_control.h"
 
 namespace bench {
 
@@ -68,6 +69,8 @@ class BenchHouse {
     platform::CommandSpeech speech_;
     home::IniUserStore user_store_;
     platform::LogDesktop desktop_;
+    vbscript::ScriptServices script_services_{.clock = clock_, .desktop = desktop_, .classes = {}};
+    vbscript::ScriptControls script_controls_{script_services_};
     plugin::hspi plugin_;
 };
 

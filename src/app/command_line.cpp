@@ -60,6 +60,9 @@ int carry_out(const Run& run) {
         run();
         std::cout.flush();
         return std::cout ? EXIT_SUCCESS : tell("cannot write to the standard output");
+    } catch (const ExitCode& exit) {
+        std::cout.flush();
+        return exit.code;
     } catch (const automation::RunTimeError& error) {
         return tell(automation::code_page_to_utf8(error.description()));
     } catch (const std::exception& error) {
@@ -72,6 +75,23 @@ int carry_out(const Run& run) {
 void add_home_option(CLI::App& command, std::string& home) {
     command.add_option("--home", home, "the home; else $ZYNVELORA_HOME, else the project's own")
         ->type_name("DIR");
+}
+
+void take_words(CLI::App& command, const std::string& usage, std::size_t least, std::size_t most,
+                const std::vector<std::string>& verbatim, std::vector<std::string>& words) {
+    command.allow_extras();
+    command.parse_complete_callback([&command, usage, least, most, &verbatim, &words] {
+        words = command.remaining();
+        for (const std::string& word : words) {
+            if (word.starts_with("--")) {
+                throw CLI::ExtrasError(command.get_name(), {word});
+            }
+        }
+        words.insert(words.end(), verbatim.begin(), verbatim.end());
+        if (words.size() < least || words.size() > most) {
+            throw CLI::ValidationError(command.get_name(), "wants " + usage);
+        }
+    });
 }
 
 std::filesystem::path chosen_home(const std::string& option) {
@@ -88,6 +108,14 @@ int run_command_line(int argc, const char* const* argv, const PluginFactory& mak
     add_call_command(program, run, words.verbatim);
     add_status_command(program, run);
     add_log_command(program, run);
+    add_devices_command(program, run);
+    add_device_command(program, run, words.verbatim);
+    add_x10_command(program, run, words.verbatim);
+    add_press_command(program, run, words.verbatim);
+    add_menu_command(program, run, words.verbatim);
+    add_events_command(program, run);
+    add_event_command(program, run);
+    add_script_command(program, run, words.verbatim);
     add_unit_command(program, run);
     add_tell_unit_command(program, run);
     const std::string problem =

@@ -4,10 +4,12 @@
 #include <nlohmann/json.hpp>
 #include <string_view>
 
+#include "app/request_members.h"
 #include "automation/code_page.h"
 #include "automation/members.h"
 #include "automation/run_time_error.h"
 #include "automation/strings.h"
+#include "home/embedded_host.h"
 #include "home/sqlite/sqlite_log.h"
 #include "host/plugin.h"
 
@@ -23,39 +25,6 @@ constexpr std::size_t kNamesToSuggest = 5;
 // A program that reads slowly must not make the daemon hold the whole log in memory.
 constexpr std::int64_t kLinesAtOnce = 200;
 constexpr std::size_t kBytesAtOnce = std::size_t{512} * 1024;
-
-RunTimeError bad_request(const std::string& text) {
-    return {ErrorNumber::InvalidProcedureCall, text};
-}
-
-Json parsed(const std::string& line) {
-    Json request = Json::parse(line, nullptr, false);
-    if (!request.is_object()) {
-        throw bad_request("The request is no JSON object in one line");
-    }
-    return request;
-}
-
-// Texts of a request are told in errors, which are in the code page like all the others.
-std::string text_member(const Json& request, const char* name) {
-    const auto member = request.find(name);
-    if (member == request.end() || !member->is_string()) {
-        throw bad_request("The request wants a text \"" + std::string(name) + "\"");
-    }
-    return automation::utf8_to_code_page(member->get<std::string>());
-}
-
-std::int64_t count_member(const Json& request, const char* name, std::int64_t fallback) {
-    const auto member = request.find(name);
-    if (member == request.end()) {
-        return fallback;
-    }
-    if (!member->is_number_integer() || member->get<double>() < 0) {
-        throw bad_request("The request wants a whole number \"" + std::string(name) +
-                          "\", 0 or more");
-    }
-    return member->get<std::int64_t>();
-}
 
 std::vector<automation::Value> arguments_of(const Json& request) {
     const auto member = request.find("arguments");
@@ -83,25 +52,17 @@ RunTimeError unknown_operation(const automation::Object& object, const std::stri
     return {ErrorNumber::PropertyOrMethodNotSupported, text};
 }
 
-Json texts(const std::vector<std::string>& code_page_texts) {
-    Json array = Json::array();
-    for (const std::string& text : code_page_texts) {
-        array.push_back(code_page_to_utf8(text));
-    }
-    return array;
-}
-
 Json json_of(const host::UnitStatus& unit) {
     return {{"name", code_page_to_utf8(unit.name)},
             {"address", code_page_to_utf8(unit.address)},
             {"queue", code_page_to_utf8(unit.queue_text)},
             {"command", code_page_to_utf8(unit.current_command)},
             {"url", code_page_to_utf8(unit.current_url)},
-            {"waiting", texts(unit.waiting)},
+            {"waiting", texts_json(unit.waiting)},
             {"retries_left", unit.retries_left},
             {"timeouts", unit.timeout_count},
             {"power_cycles", unit.power_cycle_count},
-            {"flags", texts(unit.flags)}};
+            {"flags", texts_json(unit.flags)}};
 }
 
 std::string log_message(const home::LogLine& line) {
@@ -118,15 +79,15 @@ std::string error_message(const RunTimeError& error) {
           {{"number", error.number()}, {"text", code_page_to_utf8(error.description())}}}});
 }
 
-// Counts a call for as long as it runs, however it ends.
-class RunningCall {
+// Counts a request for as long as it runs, however it ends.
+class Running {
   public:
-    explicit RunningCall(int& count) : count_(count) { ++count_; }
+    explicit Running(int& count) : count_(count) { ++count_; }
 
-    RunningCall(const RunningCall&) = delete;
-    RunningCall& operator=(const RunningCall&) = delete;
+    Running(const Running&) = delete;
+    Running& operator=(const Running&) = delete;
 
-    ~RunningCall() { --count_; }
+    ~Running() { --count_; }
 
   private:
     int& count_;
@@ -134,9 +95,37 @@ class RunningCall {
 
 }  // namespace
 
+ControlService::ControlService(host::Plugin& plugin, home::EmbeddedHost& host)
+    : plugin_(plugin),
+      log_(host.log()),
+      devices_(plugin, host),
+      events_(host.event_engine()),
+      kinds_(make_kinds()) {}
+
+std::vector<ControlService::Kind> ControlService::make_kinds() {
+    return {
+        {"call", Waits::Perhaps, [this](const Json& r) { return call(r); }},
+        {"operations", Waits::Never, [this](const Json&) { return operations(); }},
+        {"status", Waits::Never, [this](const Json&) { return status(); }},
+        {"devices", Waits::Never, [this](const Json&) { return devices_.devices(); }},
+        {"device", Waits::Never, [this](const Json& r) { return devices_.device(r); }},
+        {"set", Waits::Perhaps, [this](const Json& r) { return devices_.set(r); }},
+        {"x10", Waits::Perhaps, [this](const Json& r) { return devices_.x10(r); }},
+        {"menu", Waits::Never, [this](const Json&) { return devices_.menu(); }},
+        {"select", Waits::Perhaps, [this](const Json& r) { return devices_.select(r); }},
+        {"press", Waits::Perhaps, [this](const Json& r) { return devices_.press(r); }},
+        {"events", Waits::Never, [this](const Json&) { return events_.events(); }},
+        {"add_event", Waits::Never, [this](const Json& r) { return events_.add(r); }},
+        {"remove_event", Waits::Never, [this](const Json& r) { return events_.remove(r); }},
+        {"run_event", Waits::Perhaps, [this](const Json& r) { return events_.run(r); }},
+        {"enable_event", Waits::Never, [this](const Json& r) { return events_.enable(r); }},
+        {"disable_event", Waits::Never, [this](const Json& r) { return events_.disable(r); }},
+    };
+}
+
 void ControlService::take(const std::string& line, const std::shared_ptr<AnswerSink>& sink) {
     try {
-        carry_out(parsed(line), sink);
+        carry_out(parsed_request(line), sink);
     } catch (const RunTimeError& error) {
         sink->send(error_message(error));
     }
@@ -144,18 +133,31 @@ void ControlService::take(const std::string& line, const std::shared_ptr<AnswerS
 
 void ControlService::carry_out(const Json& request, const std::shared_ptr<AnswerSink>& sink) {
     const std::string action = text_member(request, "do");
-    if (action == "call") {
-        sink->send(one_line({{"result", call(request)}}));
-    } else if (action == "operations") {
-        sink->send(one_line({{"operations", operations()}}));
-    } else if (action == "status") {
-        sink->send(one_line({{"status", status()}}));
-    } else if (action == "log") {
+    if (action == "log") {
         show_log(request, sink);
     } else {
-        throw bad_request("Nobody can do '" + action +
-                          "'; there are call, operations, status and log");
+        sink->send(one_line(answer(request, action)));
     }
+}
+
+Json ControlService::answer(const Json& request, const std::string& action) {
+    std::string names = "log";
+    for (const Kind& kind : kinds_) {
+        if (kind.name != action) {
+            names += ", " + kind.name;
+            continue;
+        }
+        if (kind.waits == Waits::Never) {
+            return kind.answer(request);
+        }
+        if (waiting_ >= kNestedCalls) {
+            throw RunTimeError(ErrorNumber::DeviceUnavailable,
+                               "Too many operations wait for their end; try again later");
+        }
+        const Running running(waiting_);
+        return kind.answer(request);
+    }
+    throw bad_request("Nobody can do '" + action + "'; there are " + names);
 }
 
 // --- the plug-in --------------------------------------------------------------------------------
@@ -163,17 +165,12 @@ void ControlService::carry_out(const Json& request, const std::shared_ptr<Answer
 Json ControlService::call(const Json& request) {
     const std::string operation = text_member(request, "operation");
     std::vector<automation::Value> arguments = arguments_of(request);
-    if (calls_ >= kNestedCalls) {
-        throw RunTimeError(ErrorNumber::DeviceUnavailable,
-                           "Too many operations wait for their end; try again later");
-    }
     const std::shared_ptr<automation::Object> object = plugin_.object();
     const std::optional<automation::MemberId> member = object->find_member(operation);
     if (!member) {
         throw unknown_operation(*object, operation);
     }
-    const RunningCall running(calls_);
-    return json_of(object->invoke(*member, automation::Access::Call, arguments));
+    return {{"result", json_of(object->invoke(*member, automation::Access::Call, arguments))}};
 }
 
 Json ControlService::operations() const {
@@ -184,7 +181,7 @@ Json ControlService::operations() const {
             list.push_back(code_page_to_utf8(automation::usage(member)));
         }
     }
-    return list;
+    return {{"operations", std::move(list)}};
 }
 
 Json ControlService::status() const {
@@ -198,10 +195,11 @@ Json ControlService::status() const {
         timers.push_back(
             {{"name", code_page_to_utf8(timer.name)}, {"interval_ms", timer.interval.count()}});
     }
-    return {{"role", code_page_to_utf8(now.role)},
-            {"flags", texts(now.flags)},
-            {"units", std::move(units)},
-            {"timers", std::move(timers)}};
+    return {{"status",
+             {{"role", code_page_to_utf8(now.role)},
+              {"flags", texts_json(now.flags)},
+              {"units", std::move(units)},
+              {"timers", std::move(timers)}}}};
 }
 
 // --- the log ------------------------------------------------------------------------------------

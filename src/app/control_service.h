@@ -1,21 +1,21 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "app/device_requests.h"
+#include "app/event_requests.h"
 #include "app/json.h"
 #include "home/subscriptions.h"
 
-namespace automation {
-class Object;
-}
-
 namespace home {
+class EmbeddedHost;
 class SqliteLog;
-}
+}  // namespace home
 
 namespace host {
 class Plugin;
@@ -46,13 +46,39 @@ class AnswerSink {
 //         {"end":{"after":1240,"more":false}}; with "more" ask again for what lies behind.
 //         With "follow":true new lines go on to come in the place of such an end.
 //
+//     {"do":"devices"}
+//         {"devices":[{"code":"[4","name":"Velora Top LED","location":"hall","value":1,
+//         "word":"Turn On Top LED","text":"Top LED On","last_change":"2026-11-24T16:03:03"}]}
+//     {"do":"device","code":"[4"}
+//         {"device":{...,"string":"<table>...","values":[{"number":0,"word":"..."}],
+//         "buttons":["Turn Off Top LED @ hall Velora"]}}
+//     {"do":"set","code":"[4","value":"Blink Top LED"}; a number or a word
+//         the same as it is afterwards
+//     {"do":"x10","code":"B2","command":"on","origin":"received"} or "sent"
+//         {"done":"B2 on"}
+//     {"do":"menu"}
+//         {"menu":["Start Slideshow"]}
+//     {"do":"select","entry":"Test"} or {"do":"press","button":"Awaken @ hall Velora"}
+//         {"done":"Test"}
+//
+//     {"do":"events"}
+//         {"events":[{"name":"dusk","enabled":true,"when":"at 17:30","actions":["set [4 = 1"],
+//         "runs":3,"last_run":null}]}
+//     {"do":"add_event","name":"dusk","when":"at 17:30","actions":["set [4 = 1"]}
+//     {"do":"enable_event","name":"dusk"} or "disable_event"
+//         {"event":{...}}
+//     {"do":"run_event","name":"dusk"} or "remove_event"
+//         {"done":"run"}
+//
 // A request that cannot be carried out gets an "error". Owned by the daemon; knows no socket.
 class ControlService {
   public:
     static constexpr int kNestedCalls = 16;  // further ones are refused until one ends
 
     // Both must outlive the service.
-    ControlService(host::Plugin& plugin, home::SqliteLog& log) : plugin_(plugin), log_(log) {}
+    ControlService(host::Plugin& plugin, home::EmbeddedHost& host);
+    ControlService(const ControlService&) = delete;
+    ControlService& operator=(const ControlService&) = delete;
 
     // Carries one request out. A call may pump, and then other requests arrive meanwhile.
     void take(const std::string& line, const std::shared_ptr<AnswerSink>& sink);
@@ -61,7 +87,19 @@ class ControlService {
     void drop_closed();
 
   private:
+    // Those that may wait are refused while too many of them do.
+    enum class Waits : std::uint8_t { Never, Perhaps };
+
+    // One kind of request: gives the whole answer, or throws RunTimeError.
+    struct Kind {
+        std::string name;
+        Waits waits;
+        std::function<Json(const Json& request)> answer;
+    };
+
+    [[nodiscard]] std::vector<Kind> make_kinds();
     void carry_out(const Json& request, const std::shared_ptr<AnswerSink>& sink);
+    [[nodiscard]] Json answer(const Json& request, const std::string& action);
     [[nodiscard]] Json call(const Json& request);
     [[nodiscard]] Json operations() const;
     [[nodiscard]] Json status() const;
@@ -71,7 +109,10 @@ class ControlService {
 
     host::Plugin& plugin_;
     home::SqliteLog& log_;
-    int calls_ = 0;  // running, each on top of the one before
+    DeviceRequests devices_;
+    EventRequests events_;
+    std::vector<Kind> kinds_;
+    int waiting_ = 0;  // requests that may wait and run, each on top of the one before
     std::vector<std::pair<std::shared_ptr<AnswerSink>, home::Subscription>> followers_;
 };
 

@@ -11,6 +11,7 @@
 #include "automation/strings.h"
 #include "home/home_layout.h"
 #include "host/pump.h"
+#include "vbscript/objects/files/file_system_object.h"
 
 namespace app {
 namespace {
@@ -71,13 +72,48 @@ Daemon::Daemon(const DaemonOptions& options, const PluginFactory& make_plugin)
       user_store_(host_),
       speech_(choose_speech(host_, files_)),
       desktop_([this](const std::string& line) { host_.Writelog("Desktop", line); }),
+      script_services_(script_services()),
+      script_controls_(script_services_),
+      script_lines_(script_controls_, host_, files_),
       messenger_(pump_, host_),
       power_wiring_(
           host_, host_.x10_line(), host_, home_,
           [this](const std::filesystem::path& unit, const std::string& command,
                  const std::string& occasion) { messenger_.tell(unit, command, occasion); }),
       plugin_(make_plugin(platform(options.protection))),
-      service_(*plugin_, host_.log()) {}
+      service_(*plugin_, host_) {
+    wire_host();
+}
+
+// What happens in the host reaches the plug-in by these ways.
+void Daemon::wire_host() {
+    constexpr std::int16_t kSetValue = 19;
+    host_.carry(*plugin_);
+    host_.set_command_sink(plugin_->Name(), [this](const home::DeviceCommand& command) {
+        plugin_->SetIO(0, command.house_code, command.device_code, kSetValue, command.value, 0, 0);
+    });
+    home::EventRunner& runner = host_.event_engine().runner();
+    runner.set_plugin_action([this](const std::string& action) { plugin_->TriggerAction(action); });
+    runner.set_button_press([this](const std::string& button) { plugin_->ButtonPress(button); });
+    runner.set_script_runner([this](const std::string& line) { script_lines_.run(line); });
+}
+
+// What scripts of the house get by `CreateObject`.
+vbscript::ScriptServices Daemon::script_services() {
+    vbscript::ScriptServices services{
+        .clock = clock_,
+        .desktop = desktop_,
+        .classes = {},
+        .lend = [this](std::string_view name) -> std::shared_ptr<automation::Object> {
+            if (automation::equals_ignoring_case(name, "zynVelora.hspi")) {
+                return plugin_->object();
+            }
+            return nullptr;
+        }};
+    vbscript::add_standard_classes(services.classes);
+    vbscript::add_file_classes(services.classes, home_, nullptr);
+    return services;
+}
 
 host::Platform Daemon::platform(const host::Protection& protection) {
     return {.pump = pump_,
@@ -89,6 +125,7 @@ host::Platform Daemon::platform(const host::Protection& protection) {
             .speech = *speech_,
             .user_store = user_store_,
             .desktop = desktop_,
+            .script_controls = script_controls_,
             .protection = protection};
 }
 
@@ -117,6 +154,7 @@ void Daemon::start() {
     power_wiring_.switch_all_on();
     plugin_->RegisterCallback(host_);
     plugin_->InitIO(0);
+    host_.event_engine().start();
     control_socket_.emplace(pump_, control_socket_path(home_), service_);
 }
 

@@ -9,6 +9,7 @@
 #include "app/control_service.h"
 #include "app/control_socket.h"
 #include "app/power_wiring.h"
+#include "app/script_lines.h"
 #include "app/unit_messenger.h"
 #include "home/embedded_host.h"
 #include "home/home_lock.h"
@@ -23,6 +24,7 @@
 #include "platform/system/log_desktop.h"
 #include "platform/system/system_clock.h"
 #include "platform/system/system_random.h"
+#include "vbscript/control/script_control.h"
 
 namespace app {
 
@@ -55,7 +57,9 @@ class Daemon {
 
   private:
     [[nodiscard]] host::Platform platform(const host::Protection& protection);
+    [[nodiscard]] vbscript::ScriptServices script_services();
     [[nodiscard]] std::string web_server();
+    void wire_host();
     void on_signal();
     void start();
     void serve();
@@ -74,6 +78,9 @@ class Daemon {
     home::IniUserStore user_store_;
     std::unique_ptr<host::Speech> speech_;
     platform::LogDesktop desktop_;
+    vbscript::ScriptServices script_services_;
+    vbscript::ScriptControls script_controls_;
+    ScriptLines script_lines_;
     UnitMessenger messenger_;
     PowerWiring power_wiring_;
     std::unique_ptr<host::Plugin> plugin_;

@@ -12,6 +12,9 @@
 namespace app {
 namespace {
 
+// Where a fresh house expects the music players.
+constexpr std::uint16_t kJukeboxPort = 8024;
+
 struct Options {
     unit::UnitOptions unit;
     std::string state_directory;
@@ -47,6 +50,12 @@ void add_unit_command(CLI::App& program, Run& run) {
         ->add_option("--state-dir", options->state_directory,
                      "where it shows what it does; else units/NAME beside the home")
         ->type_name("DIR");
+    options->unit.jukebox_port = kJukeboxPort;
+    command
+        ->add_option("--jukebox", options->unit.jukebox_port,
+                     "port of its music player, at the same address; 0 takes any free port")
+        ->type_name("PORT")
+        ->capture_default_str();
     command
         ->add_option("--boot-time", options->boot_seconds, "seconds from power-on until it answers")
         ->type_name("S")

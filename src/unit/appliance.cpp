@@ -63,6 +63,16 @@ void Appliance::note_request(const HttpRequest& request, std::string_view answer
     record();
 }
 
+void Appliance::take_music(const std::string& text) {
+    const bool is_taken = fault_.kind == FaultKind::None || fault_.kind == FaultKind::Slow;
+    if (is_taken) {
+        state_.jukebox.last = text;
+        ++state_.jukebox.commands;
+    }
+    recorder_.log_request("MUSIC", text, is_taken ? "ok" : to_text(fault_));
+    record();
+}
+
 void Appliance::record() const {
     recorder_.write_state(state_json(state_, fault_, JsonLayout::Indented));
 }

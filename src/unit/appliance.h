@@ -42,6 +42,10 @@ class Appliance {
     // Counts the request and logs it with what it was answered: a status or a fault.
     void note_request(const HttpRequest& request, std::string_view answered);
 
+    // The music player has got a text: takes it, unless a fault keeps it from doing so, and logs it
+    // with "ok" or the fault.
+    void take_music(const std::string& text);
+
   private:
     void record() const;
     boost::asio::awaitable<Page> play(std::string url);

@@ -28,6 +28,12 @@ struct PlayedSound {
     std::optional<double> seconds;
 };
 
+// What the music player was told. `last` is the whole text of one connection.
+struct Jukebox {
+    std::string last;
+    std::uint64_t commands = 0;
+};
+
 // All that an observer could see or hear of one appliance. A value: who owns one may copy it.
 // The initial values are those after power-on; volumes are percentages from 0 to 100.
 struct ApplianceState {
@@ -43,6 +49,7 @@ struct ApplianceState {
     std::optional<int> last_sound;
     BrowserView browser;
     PlayedSound playing;
+    Jukebox jukebox;
     std::uint64_t requests = 0;
 };
 

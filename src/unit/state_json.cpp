@@ -32,6 +32,8 @@ std::string state_json(const ApplianceState& state, const Fault& fault, JsonLayo
     json["playing"]["file"] = state.playing.file;
     json["playing"]["bytes"] = state.playing.bytes;
     json["playing"]["seconds"] = value_or_null(state.playing.seconds);
+    json["jukebox"]["last"] = state.jukebox.last;
+    json["jukebox"]["commands"] = state.jukebox.commands;
     json["fault"] = to_text(fault);
     json["requests"] = state.requests;
     const int indent = layout == JsonLayout::Indented ? 4 : -1;

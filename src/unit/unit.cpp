@@ -9,10 +9,12 @@
 #include <utility>
 
 #include "unit/appliance.h"
+#include "unit/connection.h"
 #include "unit/control_socket.h"
+#include "unit/jukebox.h"
+#include "unit/port_listener.h"
 #include "unit/tell_unit.h"
 #include "unit/unit_command.h"
-#include "unit/web_listener.h"
 #include "unit/whole_number.h"
 
 namespace unit {
@@ -22,7 +24,7 @@ namespace asio = boost::asio;
 namespace fs = std::filesystem;
 using asio::ip::tcp;
 
-// Between two tries to open the web port after a boot, when something else has taken it.
+// Between two tries to open the ports after a boot, when something else has taken one.
 constexpr std::chrono::seconds kListenRetry{1};
 constexpr std::int64_t kHighestPort = 65535;
 
@@ -60,7 +62,9 @@ class Unit::Implementation {
   public:
     explicit Implementation(const UnitOptions& options);
 
-    [[nodiscard]] const tcp::endpoint& address() const { return listener_.address(); }
+    [[nodiscard]] const tcp::endpoint& address() const { return web_.address(); }
+
+    [[nodiscard]] std::uint16_t jukebox_port() const { return jukebox_.address().port(); }
 
     void run();
     void stop();
@@ -68,6 +72,9 @@ class Unit::Implementation {
 
   private:
     void close_all() noexcept;
+    void open_ports();
+    void start_ports();
+    void close_ports() noexcept;
     std::string answer_line(std::string_view line);
     std::string carry_out(const UnitCommand& command);
     void switch_power(PowerSwitch position);
@@ -82,7 +89,8 @@ class Unit::Implementation {
     tcp::endpoint listen_;
     ControlSocket control_;  // before all that writes: it keeps a second unit out
     Appliance appliance_;
-    WebListener listener_;
+    PortListener web_;
+    PortListener jukebox_;
 };
 
 Unit::Implementation::Implementation(const UnitOptions& options)
@@ -92,14 +100,33 @@ Unit::Implementation::Implementation(const UnitOptions& options)
                [this](std::string_view line) { return answer_line(line); }),
       appliance_(named(options.name), Recorder(options.state_directory),
                  FetchIdentity{listen_.address(), options.name}, browsing_),
-      listener_(loop_, listen_, appliance_) {
-    listener_.open();
+      web_(loop_, listen_,
+           [this](tcp::socket socket) { return serve_connection(std::move(socket), appliance_); }),
+      jukebox_(loop_, {listen_.address(), options.jukebox_port}, [this](tcp::socket socket) {
+          return serve_jukebox(std::move(socket), appliance_);
+      }) {
+    open_ports();
+}
+
+void Unit::Implementation::open_ports() {
+    web_.open();
+    jukebox_.open();
+}
+
+void Unit::Implementation::start_ports() {
+    web_.start();
+    jukebox_.start();
+}
+
+void Unit::Implementation::close_ports() noexcept {
+    web_.close();
+    jukebox_.close();
 }
 
 void Unit::Implementation::run() {
     asio::post(loop_, [this] {
         control_.start();
-        listener_.start();
+        start_ports();
     });
     loop_.run();
 }
@@ -123,7 +150,7 @@ void Unit::Implementation::close_all() noexcept {
     signals_.cancel(ignored);
     boot_timer_.cancel(ignored);
     control_.close();
-    listener_.close();
+    close_ports();
     browsing_.cancel_all();
 }
 
@@ -158,7 +185,7 @@ void Unit::Implementation::switch_power(PowerSwitch position) {
         return;
     }
     boot_timer_.cancel();
-    listener_.close();
+    close_ports();
     appliance_.set_power(Power::Off);
 }
 
@@ -181,12 +208,12 @@ void Unit::Implementation::finish_boot() {
         return;
     }
     try {
-        listener_.open();
-        listener_.start();
+        open_ports();
+        start_ports();
         appliance_.set_power(Power::On);
     } catch (const std::runtime_error& error) {
         std::cerr << "unit: " << error.what() << '\n';
-        listener_.close();
+        close_ports();
         boot(kListenRetry);
     }
 }
@@ -204,6 +231,10 @@ std::string Unit::address() const {
 
 std::uint16_t Unit::port() const noexcept {
     return implementation_->address().port();
+}
+
+std::uint16_t Unit::jukebox_port() const noexcept {
+    return implementation_->jukebox_port();
 }
 
 void Unit::run() {

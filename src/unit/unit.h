@@ -12,17 +12,18 @@ struct UnitOptions {
     std::string name;
     std::string listen;                     // "IP:PORT" in figures; port 0 takes any free port
     std::filesystem::path state_directory;  // made when it does not exist
-    std::chrono::seconds boot_time{3};      // from power-on until the web port is open
+    std::chrono::seconds boot_time{3};      // from power-on until the ports are open
+    std::uint16_t jukebox_port = 0;         // of the music player, at the same IP; 0 as above
 };
 
 // One simulated appliance without screen and loudspeaker: a web server that carries out the
-// command pages, fetches the sounds and pages that it is told to, and shows what it does in the
-// files of its state directory (see recorder.h). tell_unit() gives it faults and switches its
-// power. Owned by the sub-command, or by a test that runs it in a thread; several can live in one
-// process, each with its own state directory.
+// command pages, fetches the sounds and pages that it is told to, and a music player that takes
+// texts. It shows what it does in the files of its state directory (see recorder.h). tell_unit()
+// gives it faults and switches its power. Owned by the sub-command, or by a test that runs it in a
+// thread; several can live in one process, each with its own state directory.
 class Unit {
   public:
-    // The appliance is on: both sockets are open and the state is recorded.
+    // The appliance is on: all sockets are open and the state is recorded.
     // Throws: std::runtime_error when the address is malformed or in use, when a unit already
     // runs in the state directory, or when that cannot be written.
     explicit Unit(const UnitOptions& options);
@@ -36,6 +37,9 @@ class Unit {
     [[nodiscard]] std::string address() const;
 
     [[nodiscard]] std::uint16_t port() const noexcept;
+
+    // The real port of the music player.
+    [[nodiscard]] std::uint16_t jukebox_port() const noexcept;
 
     // Serves until stop(), then ends when everything is closed and control.sock is removed; that
     // takes longer only while a host name is being looked up. Requires: called once.

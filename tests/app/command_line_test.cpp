@@ -41,6 +41,17 @@ TEST(CommandLine, WrongUsageIsToldOnStderr) {
         {{"unit", "--name", "x"}, "--listen"},
         {{"unit", "--name", "x", "--listen", "127.0.0.1:0", "--boot-time", "3601"}, "--boot-time"},
         {{"tell-unit", "/tmp"}, "COMMAND"},
+        {{"devices", "[4"}, "[4"},
+        {{"device"}, "CODE [VALUE]"},
+        {{"device", "[4", "1", "2"}, "CODE [VALUE]"},
+        {{"device", "[4", "--jason"}, "--jason"},
+        {{"x10", "B2"}, "CODE on|off"},
+        {{"press"}, "BUTTON"},
+        {{"menu", "Test", "now"}, "[ENTRY]"},
+        {{"event"}, "ubcommand"},
+        {{"event", "add", "dusk", "--when", "at 17:30"}, "--do"},
+        {{"event", "add", "--when", "at 17:30", "--do", "set [4 = 1"}, "NAME"},
+        {{"event", "run"}, "NAME"},
     };
 
     for (const auto& test : kCases) {
@@ -64,6 +75,8 @@ TEST(CommandLine, AFailureIsExitCode1AndSaysWhy) {
         {{"status", "--home", home.c_str()}, "no daemon answers in " + home},
         {{"call", "VeloraVolume", "", "-5", "--home", home.c_str()}, "no daemon answers"},
         {{"log", "--home", home.c_str(), "-f"}, "no daemon answers"},
+        {{"device", "[4", "-5", "--home", home.c_str()}, "no daemon answers"},
+        {{"event", "run", "dusk", "--home", home.c_str()}, "no daemon answers"},
         {{"serve", "--home", file.c_str()}, "Cannot make " + file},
         {{"tell-unit", home.c_str(), "power", "off"}, "no unit is running in " + home},
         {{"unit", "--name", "x", "--listen", "here", "--state-dir", home.c_str()}, "here"},
@@ -81,7 +94,8 @@ TEST(CommandLine, AFailureIsExitCode1AndSaysWhy) {
 TEST(CommandLine, HelpIsNoError) {
     const Outcome outcome = run({"--help"});
     EXPECT_EQ(outcome.exit_code, 0);
-    for (const char* command : {"serve", "call", "status", "log", "unit", "tell-unit"}) {
+    for (const char* command : {"serve", "call", "status", "log", "devices", "device", "x10",
+                                "press", "menu", "events", "event", "unit", "tell-unit"}) {
         EXPECT_NE(outcome.output.find(command), std::string::npos);
     }
 }

@@ -1,16 +1,10 @@
 #include "app/control_service.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <nlohmann/json.hpp>
 #include <optional>
 #include <stdexcept>
 
-#include "app/fake_plugin.h"
-#include "home/house_fakes.h"
+#include "app/service_house.h"
 #include "home/sqlite/sqlite_log.h"
-#include "home/temporary_folder.h"
 #include "host/pump.h"
 
 namespace app {
@@ -20,55 +14,13 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-class Terminal : public AnswerSink {
-  public:
-    void send(const std::string& line) override {
-        if (open) {
-            lines.push_back(line);
-        }
-    }
-
-    [[nodiscard]] bool is_open() const override { return open; }
-
-    // The texts of the log lines that have come, and what else has.
-    [[nodiscard]] std::vector<std::string> log() {
-        std::vector<std::string> texts;
-        for (const std::string& line : std::exchange(lines, {})) {
-            const Json json = Json::parse(line);
-            texts.push_back(json.contains("line") ? json["line"]["message"].get<std::string>()
-                                                  : line);
-        }
-        return texts;
-    }
-
-    bool open = true;
-    std::vector<std::string> lines;
-};
-
-class ControlServiceTest : public testing::Test {
+class ControlServiceTest : public ServiceHouse {
   protected:
-    std::vector<std::string> ask(const std::string& line) {
-        service_.take(line, terminal_);
-        return std::exchange(terminal_->lines, {});
-    }
-
-    std::vector<std::string> ask_log(const std::string& line) {
-        service_.take(line, terminal_);
-        return terminal_->log();
-    }
-
     void write(int count, const std::string& text = "line ") {
         for (int i = 1; i <= count; ++i) {
-            log_.Writelog("test", text + std::to_string(i));
+            host_.Writelog("test", text + std::to_string(i));
         }
     }
-
-    TemporaryFolder folder_;
-    StillClock clock_;
-    home::SqliteLog log_{folder_.path() / "log.db", clock_};
-    FakePlugin plugin_;
-    ControlService service_{plugin_, log_};
-    std::shared_ptr<Terminal> terminal_ = std::make_shared<Terminal>();
 };
 
 struct Exchange {
@@ -88,9 +40,7 @@ std::string call(const std::string& operation, const std::string& arguments) {
     return R"({"do":"call","operation":")" + operation + R"(","arguments":)" + arguments + "}";
 }
 
-std::string error(int number, const std::string& text) {
-    return R"({"error":{"number":)" + std::to_string(number) + R"(,"text":")" + text + R"("}})";
-}
+const auto error = error_line;
 
 // UTF-8 on this side, one byte a character on the other; a character that has none is lost.
 INSTANTIATE_TEST_SUITE_P(
@@ -130,7 +80,10 @@ INSTANTIATE_TEST_SUITE_P(
         {"NoObject", "[1]", error(5, "The request is no JSON object in one line")},
         {"NothingToDo", "{}", error(5, R"(The request wants a text \"do\")")},
         {"Unknown", R"({"do":"dance"})",
-         error(5, "Nobody can do 'dance'; there are call, operations, status and log")},
+         error(5,
+               "Nobody can do 'dance'; there are log, call, operations, status, devices, "
+               "device, set, x10, menu, select, press, events, add_event, remove_event, "
+               "run_event, enable_event, disable_event")},
         {"NoOperation", R"({"do":"call"})", error(5, R"(The request wants a text \"operation\")")},
         {"ArgumentsNoArray", call("VeloraTag", R"("x")"),
          error(5, R"(The request wants an array \"arguments\")")},

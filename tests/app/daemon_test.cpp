@@ -19,6 +19,7 @@ using namespace std::chrono_literals;
 using automation::RunTimeError;
 using testing::Contains;
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::Not;
 
 // A daemon with a plug-in that lives on in the hands of the test.
@@ -45,10 +46,21 @@ class DaemonTest : public testing::Test {
 
         void ShutdownIO() override { fake_.ShutdownIO(); }
 
-        void SetIO(std::int32_t, const std::string&, const std::string&, std::int16_t, std::int16_t,
-                   std::int16_t, std::int16_t) override {}
+        void SetIO(std::int32_t dv, const std::string& house_code, const std::string& device_code,
+                   std::int16_t command, std::int16_t brightness, std::int16_t data1,
+                   std::int16_t data2) override {
+            fake_.SetIO(dv, house_code, device_code, command, brightness, data1, data2);
+        }
 
         void SelectMenu(const std::string& entry) override { fake_.SelectMenu(entry); }
+
+        void ButtonPress(const std::string& button) override { fake_.ButtonPress(button); }
+
+        void TriggerAction(const std::string& action) override { fake_.TriggerAction(action); }
+
+        [[nodiscard]] std::string ActionUIFormat(const std::string& action) override {
+            return fake_.ActionUIFormat(action);
+        }
 
         [[nodiscard]] std::shared_ptr<automation::Object> object() override {
             return fake_.object();
@@ -138,6 +150,34 @@ TEST_F(DaemonTest, AnErrorThatAnEventLetsThroughIsLoggedAndTheDaemonGoesOn) {
     EXPECT_THAT(log(), Contains("Daemon: Error in an event: Disk full"));
     EXPECT_THAT(log(), Contains("Daemon: Error in an event: ours"));
     EXPECT_THAT(plugin_.calls, Contains("ShutdownIO"));
+}
+
+// One event with an action of each kind, run from a terminal.
+TEST_F(DaemonTest, WhatHappensInTheHouseReachesThePlugin) {
+    plugin_.on_init = [this] {
+        const auto device = plugin_.hs->GetDeviceByRef(plugin_.hs->NewDeviceRef("lamp"));
+        host::DeviceFields fields = device->fields();
+        fields.hc = "[";
+        fields.dc = "4";
+        fields.interface_name = "fake";
+        device->set_fields(fields);
+    };
+    plugin_.on_wait = [] { std::raise(SIGTERM); };
+    std::optional<platform::LocalLineClient> client;
+    const auto run_event = [&] {
+        client.emplace(control_socket_path(options().home));
+        client->send_line(
+            R"({"do":"add_event","name":"e","when":"at 07:00","actions":["set [4 = 3",)"
+            R"("press a @ b","action Velora\\2x",)"
+            R"("script &hs.WriteLog \"House\", 6 * CreateObject(\"zynVelora.hspi\").VeloraTag",)"
+            R"("script &hs.Plugin(\"FAKE\").VeloraWait"]})");
+        client->send_line(R"({"do":"run_event","name":"e"})");
+    };
+    run_and(run_event);
+    EXPECT_THAT(plugin_.calls,
+                ElementsAre("RegisterCallback", "InitIO", "SetIO [ 4 19 3", "ButtonPress a @ b",
+                            "TriggerAction Velora\x02x", "ShutdownIO"));
+    EXPECT_THAT(log(), Contains(HasSubstr("House: 10.23328")));
 }
 
 TEST_F(DaemonTest, AHomeHasOneDaemon) {

@@ -40,10 +40,24 @@ class FakePlugin : public host::Plugin {
         on_shutdown();
     }
 
-    void SetIO(std::int32_t, const std::string&, const std::string&, std::int16_t, std::int16_t,
-               std::int16_t, std::int16_t) override {}
+    void SetIO(std::int32_t /*dv*/, const std::string& house_code, const std::string& device_code,
+               std::int16_t command, std::int16_t brightness, std::int16_t /*data1*/,
+               std::int16_t /*data2*/) override {
+        calls.push_back("SetIO " + house_code + " " + device_code + " " + std::to_string(command) +
+                        " " + std::to_string(brightness));
+    }
 
-    void SelectMenu(const std::string& /*entry*/) override {}
+    void SelectMenu(const std::string& entry) override { calls.push_back("SelectMenu " + entry); }
+
+    void ButtonPress(const std::string& button) override {
+        calls.push_back("ButtonPress " + button);
+    }
+
+    void TriggerAction(const std::string& action) override {
+        calls.push_back("TriggerAction " + action);
+    }
+
+    [[nodiscard]] std::string ActionUIFormat(const std::string& /*action*/) override { return {}; }
 
     [[nodiscard]] std::shared_ptr<automation::Object> object() override { return operations_; }
 

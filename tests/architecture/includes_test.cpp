@@ -26,12 +26,15 @@ const std::map<std::string, Names> kArrows{
     {"appliance", {"devices", "media", "core", "host", "automation"}},
     {"fleet", {"appliance", "devices", "media", "core", "host", "automation"}},
     {"webserver", {"core", "host", "automation"}},
+    {"pages", {"core", "host", "automation"}},
     {"plugin",
-     {"webserver", "fleet", "appliance", "devices", "media", "core", "host", "automation"}},
+     {"pages", "webserver", "fleet", "appliance", "devices", "media", "core", "host",
+      "automation"}},
+    {"vbscript", {"host", "automation"}},
     {"platform", {"host", "automation"}},
     {"home", {"host", "automation"}},
     {"unit", {}},
-    {"app", {"plugin", "home", "platform", "unit", "host", "automation"}},
+    {"app", {"plugin", "vbscript", "home", "platform", "unit", "host", "automation"}},
 };
 
 // The folders that a library from outside may be included in, by the start of the header's name.
@@ -40,6 +43,7 @@ const std::map<std::string, Names> kLibraries{
     {"gumbo", {"platform/gumbo"}},         {"espeak-ng/", {"platform/espeak"}},
     {"sqlite3", {"home/sqlite"}},          {"SimpleIni", {"home/ini"}},
     {"nlohmann/", {"unit", "app"}},        {"CLI/", {"app"}},
+    {"pcre2", {"vbscript/objects"}},       {"gd.h", {"platform/gd"}},
 };
 
 struct Include {

@@ -47,4 +47,10 @@ void MemoryUserStore::SaveSetting(std::string_view title, std::string_view secti
     values_[std::string(title) + "\n" + std::string(section) + "\n" + std::string(key)] = value;
 }
 
+vbscript::ClassRegistry standard_classes() {
+    vbscript::ClassRegistry classes;
+    vbscript::add_standard_classes(classes);
+    return classes;
+}
+
 }  // namespace support

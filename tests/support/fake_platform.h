@@ -19,6 +19,7 @@
 #include "support/memory_network.h"
 #include "support/scripted_units.h"
 #include "support/virtual_pump.h"
+#include "vbscript/control/script_control.h"
 
 namespace support {
 
@@ -96,6 +97,8 @@ class RecordingDesktop final : public host::Desktop {
     std::vector<std::string> pages_;
 };
 
+[[nodiscard]] vbscript::ClassRegistry standard_classes();
+
 // The machine of tests: all parts of a platform in memory, on the virtual clock. Owned by the
 // fixture, as its first member; its parts are public, since a test plays with each.
 struct FakeMachine {
@@ -108,10 +111,14 @@ struct FakeMachine {
     FakeSpeech speech{files};
     MemoryUserStore user_store;
     RecordingDesktop desktop;
+    vbscript::ScriptServices script_services{
+        .clock = pump, .desktop = desktop, .classes = standard_classes()};
+    vbscript::ScriptControls script_controls{script_services};
     host::Protection protection;
 
     [[nodiscard]] host::Platform platform() {
-        return {pump, pump, random, files, network, units, speech, user_store, desktop, protection};
+        return {pump,   pump,       random,  files,           network,   units,
+                speech, user_store, desktop, script_controls, protection};
     }
 };
 

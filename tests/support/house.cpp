@@ -8,8 +8,8 @@ namespace support {
 
 House::House()
     : instance_(machine_.platform()),
-      host_devices_(instance_),
       status_board_(instance_),
+      host_devices_(instance_, status_board_),
       sound_files_(instance_),
       timer_pools_(instance_.log),
       queue_timer_((instance_.attach(host_, &host_), instance_), *this),

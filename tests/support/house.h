@@ -120,6 +120,10 @@ class House final : private appliance::QueueTimerEvents,
 
     void Timer2_Timer() override {}
 
+    void ConnectTimer_Timer() override { queue_timer_.phJuke()->ConnectTimer_Timer(); }
+
+    void SendTimer_Timer() override { queue_timer_.phJuke()->SendTimer_Timer(); }
+
     void SetVeloraIO(const std::string& house_code, const std::string& device_code,
                      std::int16_t command, std::int16_t brightness) override;
 
@@ -134,8 +138,8 @@ class House final : private appliance::QueueTimerEvents,
     FakeMachine machine_;
     MemoryHost host_;
     core::Instance instance_;
-    devices::HostDevices host_devices_;
     devices::StatusBoard status_board_;
+    devices::HostDevices host_devices_;
     media::SoundFiles sound_files_;
     appliance::TimerPools timer_pools_;
     appliance::QueueTimer queue_timer_;

@@ -58,10 +58,12 @@ class MemoryFiles::Writer final : public host::TextStream {
     Writer(MemoryFiles& files, std::string_view path, std::shared_ptr<Content> content)
         : files_(files), path_(path), content_(std::move(content)) {}
 
-    void WriteLine(std::string_view line) override {
+    void Write(std::string_view text) override {
         files_.count_write(path_);
-        files_.fill(*content_, content_->bytes + std::string(line) + "\r\n");
+        files_.fill(*content_, content_->bytes + std::string(text));
     }
+
+    void WriteLine(std::string_view line) override { Write(std::string(line) + "\r\n"); }
 
   private:
     MemoryFiles& files_;

@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "automation/code_page.h"
+#include "home/host_object.h"
 #include "home/io_codes.h"
 
 namespace support {
@@ -236,6 +237,10 @@ void MemoryHost::SendXapMessage(std::string_view target, std::string_view messag
                                 std::string_view source, std::string_view uid) {
     xap_messages_.push_back({std::string(target), std::string(message_class), std::string(block),
                              std::string(body), std::string(source), std::string(uid)});
+}
+
+std::shared_ptr<automation::Object> MemoryHost::object() {
+    return std::make_shared<home::HostObject>(*this, [] { return std::vector<host::Plugin*>(); });
 }
 
 }  // namespace support

@@ -130,6 +130,8 @@ class MemoryHost final : public host::HostInterface, public host::CallbackObject
 
     [[nodiscard]] std::string GetAppPath() const override { return app_path_; }
 
+    [[nodiscard]] std::shared_ptr<automation::Object> object() override;
+
     [[nodiscard]] std::string GetIniSetting(std::string_view section, std::string_view key,
                                             std::string_view fallback,
                                             std::string_view file) override;

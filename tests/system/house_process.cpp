@@ -46,19 +46,23 @@ std::uint16_t free_port(const std::string& address) {
 }
 
 House::House(std::initializer_list<std::string> unit_names)
-    : names_(unit_names), settings_{{"HomeseerIP", "127.0.0.1"},
-                                    {"ServerPort", std::to_string(free_port("127.0.0.1"))},
-                                    {"CommandRetries", "1"},
-                                    {"noResponseAction", "1"},
-                                    {"PowerCycleTime", "1"},
-                                    {"PowerUpTime", "2"},
-                                    {"SleepMonitorInterval", "0"}} {
+    : names_(unit_names),
+      settings_{{"HomeseerIP", "127.0.0.1"},
+                {"ServerPort", std::to_string(free_port("127.0.0.1"))},
+                {"PhJukeCommandPort", std::to_string(free_port("127.0.1.1"))},
+                {"CommandRetries", "1"},
+                {"noResponseAction", "1"},
+                {"PowerCycleTime", "1"},
+                {"PowerUpTime", "2"},
+                {"PowerCycleInterval", ""},  // no cycles at midnight
+                {"SleepMonitorInterval", "0"}} {
     for (const std::string& name : names_) {
         const std::string number = std::to_string(units_.size() + 1);
         const std::string ip = "127.0.1." + number;
         HouseUnit& unit = units_[name];
         unit.address = ip + ":" + std::to_string(free_port(ip));
         unit.power_device = "A" + number;
+        unit.motion_device = "B" + number;
         std::filesystem::create_directories(unit_folder(name));
     }
     std::filesystem::create_directories(folder_.path() / "output");
@@ -84,7 +88,8 @@ void House::write_settings() const {
         const HouseUnit& unit = units_.at(name);
         const std::string ip = unit.address.substr(0, unit.address.find(':'));
         host += unit.power_device + "=../units/" + name + "\n";
-        plugin += ip + "/" + unit.address + "=" + name + ",," + unit.power_device + ",,0,,\n";
+        plugin += ip + "/" + unit.address + "=" + name + ",," + unit.power_device + "," +
+                  unit.motion_device + ",0,,\n";
     }
     folder_.write("home/Config/settings.ini", host);
     folder_.write("home/Config/zynVeloraUtilities.ini", plugin + more_settings_);
@@ -111,8 +116,9 @@ void House::start(const std::vector<std::string>& daemon_options) {
 
 void House::start_unit(const std::string& name) {
     HouseUnit& unit = units_.at(name);
-    unit.process = spawn({"unit", "--name", name, "--listen", unit.address, "--state-dir",
-                          unit_folder(name).string(), "--boot-time", "1"});
+    unit.process =
+        spawn({"unit", "--name", name, "--listen", unit.address, "--jukebox", jukebox_port(),
+               "--state-dir", unit_folder(name).string(), "--boot-time", "1"});
     wait_until_up(*unit.process);
 }
 
@@ -143,10 +149,19 @@ Outcome House::run(const std::vector<std::string>& arguments, const Environment&
 }
 
 void House::call(std::vector<std::string> operation_and_arguments) {
-    std::vector<std::string> words = {"call", "--home", home().string()};
-    words.insert(words.end(), operation_and_arguments.begin(), operation_and_arguments.end());
-    const Outcome outcome = run(words);
-    EXPECT_EQ(outcome.exit_code, 0) << operation_and_arguments.front() << ": " << outcome.err;
+    operation_and_arguments.insert(operation_and_arguments.begin(), "call");
+    told(operation_and_arguments);
+}
+
+Outcome House::ask(std::vector<std::string> words) {
+    words.insert(words.end(), {"--home", home().string()});
+    return run(words);
+}
+
+std::string House::told(const std::vector<std::string>& words) {
+    const Outcome outcome = ask(words);
+    EXPECT_EQ(outcome.exit_code, 0) << testing::PrintToString(words) << ": " << outcome.err;
+    return outcome.out;
 }
 
 void House::tell(const std::string& unit, const std::string& command) {
@@ -187,6 +202,21 @@ Json House::status(const std::string& unit) {
         }
     }
     throw std::runtime_error("the daemon knows no " + unit);
+}
+
+Json House::device(const std::string& code) {
+    const Outcome outcome = ask({"device", code, "--json"});
+    return outcome.exit_code == 0 ? Json::parse(outcome.out) : Json();
+}
+
+std::string House::settings() const {
+    return content_of(home() / "Config" / "zynVeloraUtilities.ini");
+}
+
+void House::replace_settings(const std::string& text) const {
+    folder_.write("home/Config/new.ini", text);
+    std::filesystem::rename(home() / "Config" / "new.ini",
+                            home() / "Config" / "zynVeloraUtilities.ini");
 }
 
 // Each line: time, type, message, with two blanks or more between them.

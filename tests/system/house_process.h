@@ -29,8 +29,9 @@ struct Outcome {
 [[nodiscard]] std::uint16_t free_port(const std::string& address);
 
 // A daemon and its units as processes, in a folder and on ports of their own. Boots and power
-// cycles take a second or two. The first unit's power switch is A1, the next one's A2, and so on.
-// Its end stops all; when the test has failed, it shows what they said.
+// cycles take a second or two. The first unit's power switch is A1 and its motion sensor B1, the
+// next one's A2 and B2, and so on. Its end stops all; when the test has failed, it shows what they
+// said.
 class House {
   public:
     explicit House(std::initializer_list<std::string> unit_names);
@@ -70,6 +71,12 @@ class House {
     // An operation, which is expected to succeed.
     void call(std::vector<std::string> operation_and_arguments);
 
+    // A sub-command that asks the daemon of this house.
+    Outcome ask(std::vector<std::string> words);
+
+    // The same for one that is expected to succeed; gives its output.
+    std::string told(const std::vector<std::string>& words);
+
     // Gives a unit a fault, or takes it away.
     void tell(const std::string& unit, const std::string& command);
 
@@ -82,6 +89,9 @@ class House {
     }
 
     [[nodiscard]] std::string server_port() const { return settings_.at("ServerPort"); }
+
+    // Of the music players of all units.
+    [[nodiscard]] std::string jukebox_port() const { return settings_.at("PhJukeCommandPort"); }
 
     [[nodiscard]] std::string address_of(const std::string& unit) const;
 
@@ -98,6 +108,13 @@ class House {
     // What the daemon says of a unit.
     [[nodiscard]] Json status(const std::string& unit);
 
+    // A device as the daemon shows it, null without one.
+    [[nodiscard]] Json device(const std::string& code);
+
+    // zynVeloraUtilities.ini as it is now, and with another text, at once as a whole.
+    [[nodiscard]] std::string settings() const;
+    void replace_settings(const std::string& text) const;
+
     // Messages of one type in the host's log, oldest first.
     [[nodiscard]] std::vector<std::string> log(std::string_view type);
 
@@ -105,6 +122,7 @@ class House {
     struct HouseUnit {
         std::string address;
         std::string power_device;
+        std::string motion_device;
         std::unique_ptr<Process> process;
     };
 

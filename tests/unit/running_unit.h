@@ -45,11 +45,14 @@ inline const std::string kUnitAddress = "127.0.0.2";
 // A client connection to the unit.
 class Client {
   public:
+    // Connects to the web server, or to another port of the unit.
     explicit Client(std::uint16_t port) {
         socket_.connect({boost::asio::ip::make_address(kUnitAddress), port}, connect_error_);
     }
 
     [[nodiscard]] bool is_connected() const { return !connect_error_; }
+
+    void close() { socket_.close(); }
 
     void send(std::string_view bytes) { boost::asio::write(socket_, boost::asio::buffer(bytes)); }
 
@@ -73,7 +76,7 @@ class Client {
 class RunningUnit {
   public:
     RunningUnit()
-        : unit_({"hall", kUnitAddress + ":0", directory_.path(), std::chrono::seconds(0)}),
+        : unit_({"hall", kUnitAddress + ":0", directory_.path(), std::chrono::seconds(0), 0}),
           thread_([this] { unit_.run(); }) {}
 
     ~RunningUnit() { stop(); }
@@ -93,6 +96,8 @@ class RunningUnit {
     [[nodiscard]] std::string address() const { return unit_.address(); }
 
     [[nodiscard]] Client connect() const { return Client(unit_.port()); }
+
+    [[nodiscard]] Client connect_to_jukebox() const { return Client(unit_.jukebox_port()); }
 
     // The whole answer to a request for the page.
     [[nodiscard]] std::string get(const std::string& page) const {

@@ -3,20 +3,22 @@
 #include <boost/asio/awaitable.hpp>
 #include <boost/asio/io_context.hpp>
 #include <boost/asio/ip/tcp.hpp>
+#include <functional>
 
 #include "unit/task_group.h"
 
 namespace unit {
 
-class Appliance;
-
-// The appliance's web port: listens, and serves each connection as a task of its own. Owned by
-// the unit, used on its loop only. `appliance` outlives it.
-class WebListener {
+// A port of the appliance: listens, and serves each connection as a task of its own. Owned by the
+// unit, used on its loop only.
+class PortListener {
   public:
-    // Does not listen yet. Port 0 is replaced by the port that the first open() is given.
-    WebListener(boost::asio::io_context& loop, const boost::asio::ip::tcp::endpoint& address,
-                Appliance& appliance);
+    using Serve = std::function<boost::asio::awaitable<void>(boost::asio::ip::tcp::socket socket)>;
+
+    // Does not listen yet. Port 0 is replaced by the port that the first open() is given. What
+    // `serve` refers to outlives the listener.
+    PortListener(boost::asio::io_context& loop, const boost::asio::ip::tcp::endpoint& address,
+                 Serve serve);
 
     // The address with its real port.
     [[nodiscard]] const boost::asio::ip::tcp::endpoint& address() const noexcept {
@@ -36,7 +38,7 @@ class WebListener {
   private:
     boost::asio::awaitable<void> accept_connections();
 
-    Appliance& appliance_;
+    Serve serve_;
     boost::asio::ip::tcp::endpoint address_;
     boost::asio::ip::tcp::acceptor acceptor_;
     TaskGroup tasks_;  // the accepting task, and one for each open connection

@@ -1,10 +1,10 @@
-#include "unit/web_listener.h"
+#include "unit/port_listener.h"
 
 #include <boost/asio.hpp>
 #include <sstream>
 #include <stdexcept>
+#include <utility>
 
-#include "unit/connection.h"
 #include "unit/within.h"
 
 namespace unit {
@@ -17,10 +17,10 @@ constexpr std::size_t kMostTasks = 128;
 
 }  // namespace
 
-WebListener::WebListener(asio::io_context& loop, const tcp::endpoint& address, Appliance& appliance)
-    : appliance_(appliance), address_(address), acceptor_(loop), tasks_(loop.get_executor()) {}
+PortListener::PortListener(asio::io_context& loop, const tcp::endpoint& address, Serve serve)
+    : serve_(std::move(serve)), address_(address), acceptor_(loop), tasks_(loop.get_executor()) {}
 
-void WebListener::open() {
+void PortListener::open() {
     try {
         acceptor_.open(address_.protocol());
         acceptor_.set_option(tcp::acceptor::reuse_address(true));
@@ -35,17 +35,17 @@ void WebListener::open() {
     }
 }
 
-void WebListener::start() {
+void PortListener::start() {
     tasks_.start(accept_connections());
 }
 
-void WebListener::close() noexcept {
+void PortListener::close() noexcept {
     boost::system::error_code ignored;
     acceptor_.close(ignored);
     tasks_.cancel_all();
 }
 
-asio::awaitable<void> WebListener::accept_connections() {
+asio::awaitable<void> PortListener::accept_connections() {
     for (;;) {
         auto [error, socket] = co_await acceptor_.async_accept(kAsTuple);
         if (error == asio::error::operation_aborted || !acceptor_.is_open()) {
@@ -55,7 +55,7 @@ asio::awaitable<void> WebListener::accept_connections() {
             asio::steady_timer pause(acceptor_.get_executor(), kAcceptPause);
             co_await pause.async_wait(asio::use_awaitable);
         } else if (tasks_.size() < kMostTasks) {
-            tasks_.start(serve_connection(std::move(socket), appliance_));
+            tasks_.start(serve_(std::move(socket)));
         }
     }
 }
