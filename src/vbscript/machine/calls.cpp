@@ -205,6 +205,7 @@ void Machine::abandon() noexcept {
 
 void Machine::set_time_limit(std::optional<std::chrono::milliseconds> limit) noexcept {
     limit_ = limit && limit->count() > 0 ? limit : std::nullopt;
+    if (is_running()) start_clock();
 }
 
 void Machine::start_clock() {

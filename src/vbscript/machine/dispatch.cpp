@@ -122,7 +122,7 @@ void Machine::execute_frames(Frame* const entry) {
 #define JUMP                                 \
     {                                        \
         const std::int32_t distance = pc->c; \
-        if (distance < 0) {                  \
+        if (distance <= 0) {                 \
             TICK;                            \
         }                                    \
         pc += distance;                      \
