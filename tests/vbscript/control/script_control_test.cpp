@@ -169,7 +169,7 @@ TEST_F(ScriptControlTest, AnEndlessScriptIsStoppedAlsoWithinABuiltIn) {
 TEST_F(ScriptControlTest, MessagesGoToTheDesktopAndTheirPreferredButtonIsTheAnswer) {
     EXPECT_EQ(eval("MsgBox(\"Sure?\", vbYesNo + vbDefaultButton2, \"House\")"), "7");
     EXPECT_EQ(eval("InputBox(\"Name?\", , \"Kitchen\")"), "Kitchen");
-    EXPECT_THAT(machine.desktop.messages(), ElementsAre("House: Sure?", "Name?"));
+    EXPECT_THAT(machine.desktop.messages(), ElementsAre("House: Sure?", "VBScript: Name?"));
     control.set_AllowUI(false);
     control.AddCode("MsgBox \"unseen\"");
     EXPECT_EQ(machine.desktop.messages().size(), 2U);
