@@ -113,7 +113,7 @@ Value BridgeTable::from_automation(const automation::Value& value, int depth) {
         return Value(lend(*object));
     }
     if (const auto* array = value.get_if<std::shared_ptr<automation::Array>>()) {
-        return *array ? Value(from_automation(**array, depth + 1)) : Value(make<Array>());
+        return *array ? Value(from_automation(**array, depth + 1)) : Value();
     }
     return value.visit(PlainValueOf{});
 }

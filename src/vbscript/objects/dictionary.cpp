@@ -109,11 +109,7 @@ Value Dictionary::remove_all() {
 Value Dictionary::items() const {
     std::vector<Value> items;
     items.reserve(table_.size());
-    for (const KeyTable::Entry& entry : table_.entries()) {
-        if (entry.is_live) {
-            items.push_back(entry.item);
-        }
-    }
+    table_.each([&](const KeyTable::Entry& entry) { items.push_back(entry.item); });
     return array_of(std::move(items));
 }
 
@@ -152,11 +148,7 @@ void Dictionary::put(const Value& key, Value item) {
 std::vector<Value> Dictionary::key_list() const {
     std::vector<Value> keys;
     keys.reserve(table_.size());
-    for (const KeyTable::Entry& entry : table_.entries()) {
-        if (entry.is_live) {
-            keys.push_back(entry.key);
-        }
-    }
+    table_.each([&](const KeyTable::Entry& entry) { keys.push_back(entry.key); });
     return keys;
 }
 

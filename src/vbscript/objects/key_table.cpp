@@ -17,6 +17,17 @@ constexpr std::uint64_t kMixer = 0x9E3779B97F4A7C15ULL;
     return state ^ (state >> 32);
 }
 
+// Lets every bit of a word reach the lowest ones, which alone choose a slot. The bits of a small
+// whole number as a double are all high ones.
+[[nodiscard]] constexpr std::uint32_t spread(std::uint64_t word) noexcept {
+    constexpr std::uint64_t kFirst = 0xFF51AFD7ED558CCDULL;
+    constexpr std::uint64_t kSecond = 0xC4CEB9FE1A85EC53ULL;
+    constexpr int kHalf = 33;
+    word = (word ^ (word >> kHalf)) * kFirst;
+    word = (word ^ (word >> kHalf)) * kSecond;
+    return static_cast<std::uint32_t>(word ^ (word >> kHalf));
+}
+
 [[nodiscard]] std::uint64_t load(const char16_t* units, std::size_t count) noexcept {
     std::uint64_t word = 0;
     std::memcpy(&word, units, count * sizeof(char16_t));
@@ -34,7 +45,7 @@ constexpr std::uint64_t kMixer = 0x9E3779B97F4A7C15ULL;
     if (left > 0) {
         state = mix(state, load(from, left));
     }
-    return static_cast<std::uint32_t>(mix(state, kMixer));
+    return spread(state);
 }
 
 [[nodiscard]] std::uint32_t hash_lower_units(std::u16string_view units) noexcept {
@@ -42,7 +53,7 @@ constexpr std::uint64_t kMixer = 0x9E3779B97F4A7C15ULL;
     for (const char16_t unit : units) {
         state = mix(state, to_lower(unit));
     }
-    return static_cast<std::uint32_t>(state);
+    return spread(state);
 }
 
 [[nodiscard]] bool is_same_text(std::u16string_view left, std::u16string_view right) noexcept {
@@ -89,7 +100,7 @@ enum class KeyKind : std::uint8_t { Number, Text, Object, Other };
 }
 
 [[nodiscard]] std::uint32_t hash_number(double number) noexcept {
-    return static_cast<std::uint32_t>(mix(kMixer, std::bit_cast<std::uint64_t>(number + 0.0)));
+    return spread(std::bit_cast<std::uint64_t>(number + 0.0));
 }
 
 }  // namespace
@@ -102,8 +113,7 @@ std::uint32_t KeyTable::hash(const Value& key) const noexcept {
         case KeyKind::Number:
             return hash_number(number_of(key));
         case KeyKind::Object:
-            return static_cast<std::uint32_t>(
-                mix(kMixer, std::bit_cast<std::uintptr_t>(key.object())));
+            return spread(std::bit_cast<std::uintptr_t>(key.object()));
         case KeyKind::Other:
             return static_cast<std::uint32_t>(key.type());
     }
@@ -133,7 +143,7 @@ bool KeyTable::is_key(const Entry& entry, const Value& key) const noexcept {
 std::size_t KeyTable::slot_of(const Value& key, std::uint32_t hash) const noexcept {
     std::size_t slot = hash & mask();
     for (; slots_[slot].place != 0; slot = (slot + 1) & mask()) {
-        if (slots_[slot].hash == hash && is_key(entries_[slots_[slot].place - 1], key)) {
+        if (slots_[slot].hash == hash && is_key(entry_at(slots_[slot].place - 1), key)) {
             break;
         }
     }
@@ -145,7 +155,7 @@ KeyTable::Entry* KeyTable::find(const Value& key) noexcept {
         return nullptr;
     }
     const Slot& slot = slots_[slot_of(key, hash(key))];
-    return slot.place == 0 ? nullptr : &entries_[slot.place - 1];
+    return slot.place == 0 ? nullptr : &entry_at(slot.place - 1);
 }
 
 KeyTable::Added KeyTable::find_or_add(const Value& key) {
@@ -153,12 +163,16 @@ KeyTable::Added KeyTable::find_or_add(const Value& key) {
     if (!slots_.empty()) {
         const Slot& slot = slots_[slot_of(key, key_hash)];
         if (slot.place != 0) {
-            return {entries_[slot.place - 1], false};
+            return {entry_at(slot.place - 1), false};
         }
     }
     make_room();
-    Entry& entry = entries_.emplace_back(Entry{key, Value(), key_hash, true});
-    slots_[slot_of(key, key_hash)] = {key_hash, static_cast<std::uint32_t>(entries_.size())};
+    if (used_ == blocks_.size() * kBlock) {
+        blocks_.push_back(std::make_unique<Entry[]>(kBlock));
+    }
+    Entry& entry = entry_at(used_++);
+    entry.key = key;
+    put_into(slots_, {key_hash, static_cast<std::uint32_t>(used_)});
     ++live_;
     return {entry, true};
 }
@@ -166,12 +180,10 @@ KeyTable::Added KeyTable::find_or_add(const Value& key) {
 void KeyTable::rename(const Value& old_key, const Value& new_key) {
     const std::size_t old_slot = slot_of(old_key, hash(old_key));
     const std::uint32_t place = slots_[old_slot].place;
-    const std::uint32_t new_hash = hash(new_key);
     free_slot(old_slot);
-    slots_[slot_of(new_key, new_hash)] = {new_hash, place};
-    entries_[place - 1].hash = new_hash;
+    put_into(slots_, {hash(new_key), place});
     // The old key goes last: `old_key` may be that very value.
-    const Value gone = std::exchange(entries_[place - 1].key, new_key);
+    const Value gone = std::exchange(entry_at(place - 1).key, new_key);
 }
 
 bool KeyTable::remove(const Value& key) {
@@ -186,14 +198,14 @@ bool KeyTable::remove(const Value& key) {
     free_slot(slot);
     --live_;
     // The end of an object may run script that comes back here: the table is whole by then.
-    Entry gone = std::exchange(entries_[place - 1], Entry{});
+    const Entry gone = std::exchange(entry_at(place - 1), Entry{Value(kMissing), Value()});
     return true;
 }
 
 void KeyTable::clear() noexcept {
-    std::vector<Entry> gone;
-    gone.swap(entries_);
+    const auto gone = std::exchange(blocks_, {});
     slots_.clear();
+    used_ = 0;
     live_ = 0;
 }
 
@@ -214,37 +226,53 @@ void KeyTable::free_slot(std::size_t slot) noexcept {
 void KeyTable::make_room() {
     if (slots_.empty()) {
         slots_.resize(kFirstSlots);
-        return;
     }
-    const std::size_t wanted = entries_.size() + 1;
-    if (wanted * 4 <= slots_.size() * 3) {
-        return;
+    if (used_ > kFirstSlots && live_ * 2 <= used_) {
+        close_gaps();
     }
-    if (live_ * 2 <= entries_.size()) {
-        drop_removed_entries();
-        index_entries(slots_.size());
-    } else {
-        index_entries(slots_.size() * 2);
+    if ((live_ + 1) * 4 > slots_.size() * 3) {
+        grow_index();
     }
 }
 
-void KeyTable::drop_removed_entries() {
-    std::erase_if(entries_, [](const Entry& entry) { return !entry.is_live; });
-}
-
-void KeyTable::index_entries(std::size_t slots) {
-    std::vector<Slot> index(slots);
-    for (std::size_t place = 0; place < entries_.size(); ++place) {
-        if (!entries_[place].is_live) {
+// Entries move up to where others were removed; every hash is taken anew.
+void KeyTable::close_gaps() {
+    slots_.assign(slots_.size(), Slot{});
+    std::size_t to = 0;
+    for (std::size_t from = 0; from < used_; ++from) {
+        if (entry_at(from).is_removed()) {
             continue;
         }
-        std::size_t slot = entries_[place].hash & (slots - 1);
-        while (index[slot].place != 0) {
-            slot = (slot + 1) & (slots - 1);
+        if (to != from) {
+            entry_at(to) = std::move(entry_at(from));
         }
-        index[slot] = {entries_[place].hash, static_cast<std::uint32_t>(place + 1)};
+        ++to;
+        put_into(slots_, {hash(entry_at(to - 1).key), static_cast<std::uint32_t>(to)});
     }
-    slots_ = std::move(index);
+    for (std::size_t place = to; place < used_; ++place) {
+        entry_at(place) = Entry{};
+    }
+    used_ = to;
+    blocks_.resize((used_ + kBlock - 1) / kBlock);
+}
+
+void KeyTable::grow_index() {
+    std::vector<Slot> index(slots_.size() * 2);
+    for (const Slot& slot : slots_) {
+        if (slot.place != 0) {
+            put_into(index, slot);
+        }
+    }
+    slots_.swap(index);
+}
+
+void KeyTable::put_into(std::vector<Slot>& index, Slot slot) noexcept {
+    const std::size_t last = index.size() - 1;
+    std::size_t place = slot.hash & last;
+    while (index[place].place != 0) {
+        place = (place + 1) & last;
+    }
+    index[place] = slot;
 }
 
 }  // namespace vbscript

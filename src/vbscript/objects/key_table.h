@@ -2,7 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <optional>
+#include <memory>
 #include <vector>
 
 #include "vbscript/value/value.h"
@@ -12,17 +12,18 @@ namespace vbscript {
 // How keys that are texts compare.
 enum class KeyComparison : std::uint8_t { Binary = 0, Text = 1, Database = 2 };
 
-// Keys with one value each, in the order in which they were added. The entries stand in one list;
-// an open-addressed index of hashes leads to them, so that a look-up allocates nothing and mostly
-// touches one entry. Numbers of all sub-types are one kind of key and texts another; objects are
-// keys by identity. Used by `Dictionary` alone.
+// Keys with one value each, in the order in which they were added. The entries stand in blocks that
+// never move; an open-addressed index of hashes leads to them, so that a look-up allocates nothing
+// and mostly touches one entry. Numbers of all sub-types are one kind of key and texts another;
+// objects are keys by identity. A missing argument is no key: it stands in a removed entry. Used by
+// `Dictionary` alone.
 class KeyTable {
   public:
     struct Entry {
         Value key;
         Value item;
-        std::uint32_t hash = 0;
-        bool is_live = false;
+
+        [[nodiscard]] bool is_removed() const noexcept { return key.is_missing(); }
     };
 
     [[nodiscard]] std::size_t size() const noexcept { return live_; }
@@ -52,16 +53,32 @@ class KeyTable {
 
     void clear() noexcept;
 
-    // Entries that are not live were removed.
-    [[nodiscard]] const std::vector<Entry>& entries() const noexcept { return entries_; }
+    // Calls `visit` with each entry that is there. Requires: `visit` leaves the table alone.
+    template <typename Visit>
+    void each(const Visit& visit) const {
+        for (std::size_t place = 0; place < used_; ++place) {
+            const Entry& entry = entry_at(place);
+            if (!entry.is_removed()) {
+                visit(entry);
+            }
+        }
+    }
 
     [[nodiscard]] std::uint32_t hash(const Value& key) const noexcept;
 
   private:
+    // A table of 100,000 keys is some thousand pages of memory: growing by blocks touches each
+    // once.
+    static constexpr std::size_t kBlock = 256;
+
     struct Slot {
         std::uint32_t hash = 0;
-        std::uint32_t place = 0;  // in `entries_`, plus 1; 0 is free
+        std::uint32_t place = 0;  // of the entry, plus 1; 0 is free
     };
+
+    [[nodiscard]] Entry& entry_at(std::size_t place) const noexcept {
+        return blocks_[place / kBlock][place % kBlock];
+    }
 
     [[nodiscard]] std::size_t mask() const noexcept { return slots_.size() - 1; }
 
@@ -70,13 +87,17 @@ class KeyTable {
     // The slot of the key, or the free one where it would go. Requires: slots.
     [[nodiscard]] std::size_t slot_of(const Value& key, std::uint32_t hash) const noexcept;
 
+    // Requires: a free slot, and a key that is not there.
+    static void put_into(std::vector<Slot>& index, Slot slot) noexcept;
+
     void free_slot(std::size_t slot) noexcept;
     void make_room();
-    void drop_removed_entries();
-    void index_entries(std::size_t slots);
+    void close_gaps();
+    void grow_index();
 
-    std::vector<Entry> entries_;
+    std::vector<std::unique_ptr<Entry[]>> blocks_;
     std::vector<Slot> slots_;  // none, or a power of two of which at most three quarters are used
+    std::size_t used_ = 0;     // entries, removed ones too
     std::size_t live_ = 0;
     KeyComparison comparison_ = KeyComparison::Binary;
 };

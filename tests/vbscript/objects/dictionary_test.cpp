@@ -116,6 +116,20 @@ TEST_F(DictionaryTest, ManyKeysComeAndGo) {
     EXPECT_EQ(result(u"Count"), std::to_string(kCount));
 }
 
+TEST_F(DictionaryTest, ManyRemovalsLeaveTheOthersInOrder) {
+    for (int i = 0; i < 1000; ++i) {
+        add(integer(i));
+    }
+    for (int i = 0; i < 1000; ++i) {
+        if (i % 250 != 0) {
+            static_cast<void>(result(u"Remove", {integer(i)}));
+        }
+    }
+    add(Value(u"new"));
+    EXPECT_EQ(keys(), "[0, 250, 500, 750, new]");
+    EXPECT_EQ(result(u"Exists", {integer(750)}) + result(u"Exists", {integer(251)}), "TrueFalse");
+}
+
 TEST_F(DictionaryTest, ALoopWalksTheKeysThatWereThereAtItsStart) {
     for (int i = 0; i < 3; ++i)
         add(integer(i));

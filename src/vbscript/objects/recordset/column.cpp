@@ -137,11 +137,11 @@ std::int32_t fixed_size(ColumnKind kind) noexcept {
 }
 
 Value value_for(Context& context, const Column& column, const Value& value) {
-    const Value plain = context.plain(value);
+    Value plain = context.plain(value);
     if (is_nothing_to_compare(plain)) {
         return plain;
     }
-    const Value kept = [&] {
+    Value kept = [&] {
         try {
             return converted(context, column.kind, plain);
         } catch (const ScriptError&) {
