@@ -5,7 +5,7 @@
 set -euo pipefail
 
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
-program=${1:-$here/../../build/release/src/app/zynvelora}
+program=${1:-$here/../../build/release/zynvelora}
 rounds=${2:-5}
 output=$(mktemp -d)
 trap 'rm -rf "$output"' EXIT

@@ -8,11 +8,6 @@
 
 namespace vbscript {
 
-bool Machine::is_temporary(const Value* place) const noexcept {
-    return place >= top_->base + top_->code->local_count && place < top_->end;
-}
-
-// Nothing is locked where `x(1)` turned out to be no element but a call.
 void Machine::unlock(Value* lock) noexcept {
     if (lock->type() != Value::kLockedArray) return;
     if (lock->type() != Value::kLockedArray) return;
@@ -20,11 +15,6 @@ void Machine::unlock(Value* lock) noexcept {
     lock->set_number(Type::Empty, 0);
     array.unlock();
     array.release();
-}
-
-// What a reader of a temporary leaves behind: nothing that it would keep alive.
-void Machine::consume(Value* place) noexcept {
-    if (place->is_heavy() && is_temporary(place)) release_registers(place, place + 1);
 }
 
 // The value of a place; out of a temporary it is moved.

@@ -189,6 +189,13 @@ void Machine::release_registers(Value* from, Value* to) noexcept {
     }
 }
 
+// Locals and temporaries that code outside of procedures keeps elsewhere.
+void Machine::release_own(Frame* frame) noexcept {
+    if (!frame->code->is_outside) return;
+    const std::span<Value> own = frame->code->own();
+    release_registers(own.data(), own.data() + own.size());
+}
+
 void Machine::leave() noexcept {
     Frame* const frame = top_;
     release_registers(frame->base, frame->base + frame->code->local_count);
@@ -200,6 +207,7 @@ void Machine::leave() noexcept {
 // Ends a frame in the middle of a statement, when temporaries may still hold something.
 void Machine::abandon() noexcept {
     release_registers(top_->base, top_->end);
+    release_own(top_);
     leave();
 }
 

@@ -11,6 +11,22 @@ Code::~Code() {
         arena_.at(first_constant_ + place) = Value();
     }
     arena_.free(first_constant_, constant_count_);
+    arena_.free(first_own_, own_count_);
+}
+
+void Code::allocate_own(std::uint32_t locals, std::uint32_t temporaries) {
+    first_own_ = arena_.allocate(locals + temporaries);
+    own_count_ = locals + temporaries;
+    own_temporaries_ = arena_.begin() + first_own_ + locals;
+    own_end_ = own_temporaries_ + temporaries;
+}
+
+std::span<Value> Code::own() noexcept {
+    return {arena_.begin() + first_own_, own_count_};
+}
+
+std::span<Value> Code::own_temporaries() noexcept {
+    return {own_temporaries_, own_end_};
 }
 
 void Code::adopt_constants(std::vector<Value> constants) {

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 #include <memory>
-#include <optional>
+#include <span>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
@@ -65,6 +65,20 @@ class Code final : public Counted {
 
     [[nodiscard]] std::uint32_t first_constant() const noexcept { return first_constant_; }
 
+    [[nodiscard]] std::uint32_t constant_count() const noexcept { return constant_count_; }
+
+    // Locals and temporaries of code outside of procedures.
+    void allocate_own(std::uint32_t locals, std::uint32_t temporaries);
+
+    [[nodiscard]] std::uint32_t first_own() const noexcept { return first_own_; }
+
+    [[nodiscard]] std::span<Value> own() noexcept;
+    [[nodiscard]] std::span<Value> own_temporaries() noexcept;
+
+    [[nodiscard]] bool is_own_temporary(const Value* place) const noexcept {
+        return place >= own_temporaries_ && place < own_end_;
+    }
+
     // What the instructions refer to by index.
     std::vector<Instruction> instructions;
     std::vector<StatementPlace> places;  // by `begin`
@@ -104,13 +118,18 @@ class Code final : public Counted {
     std::vector<NameId> undeclared_names;  // those of them that nobody declares
 
     Module* module = nullptr;
-    ClassInfo* owner = nullptr;  // of a method
+    ClassInfo* owner = nullptr;      // of a method
+    Procedure* procedure = nullptr;  // that it is, or runs inside of
     std::shared_ptr<const Program> program;
 
   private:
     ValueArena& arena_;
     std::uint32_t first_constant_ = 0;
     std::uint32_t constant_count_ = 0;
+    std::uint32_t first_own_ = 0;
+    std::uint32_t own_count_ = 0;
+    Value* own_temporaries_ = nullptr;
+    Value* own_end_ = nullptr;
 };
 
 }  // namespace vbscript

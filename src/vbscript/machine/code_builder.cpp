@@ -7,11 +7,12 @@ namespace vbscript {
 
 namespace {
 
-// Provisional places lie below all final ones, in three ranges.
+// Provisional places lie below all final ones, in four ranges.
 constexpr std::int32_t kSize = sizeof(Value);
 constexpr std::int32_t kConstants = std::numeric_limits<std::int32_t>::min();
-constexpr std::int32_t kTemporaries = kConstants + (std::int32_t{1} << 29);
-constexpr std::int32_t kLocals = kTemporaries + (std::int32_t{1} << 28);
+constexpr std::int32_t kTemporaries = kConstants + (std::int32_t{1} << 28);
+constexpr std::int32_t kWindows = kTemporaries + (std::int32_t{1} << 28);
+constexpr std::int32_t kLocals = kWindows + (std::int32_t{1} << 28);
 constexpr std::int32_t kEnd = kLocals + (std::int32_t{1} << 28);
 static_assert(kEnd <= -kFarBias);
 
@@ -39,6 +40,18 @@ std::uint64_t bits_of(const Value& value) noexcept {
     }
 }
 
+// The near form, if there is one and all places are near.
+Op final_form(const Instruction& instruction) noexcept {
+    const OpRow& row = row_of(instruction.op);
+    const auto is_far = [&row](std::size_t field, std::int32_t place) {
+        return (row.fields[field] == 'v' || row.fields[field] == 'w') && place < 0;
+    };
+    const bool has_far =
+        is_far(0, instruction.a) || is_far(1, instruction.b) || is_far(2, instruction.c);
+    if (!row.has_near_form || has_far) return instruction.op;
+    return static_cast<Op>(static_cast<int>(instruction.op) + 1);
+}
+
 }  // namespace
 
 CodeBuilder::CodeBuilder(ValueArena& arena, Kind kind) : kind_(kind), code_(make<Code>(arena)) {
@@ -50,22 +63,31 @@ std::uint32_t CodeBuilder::emit(Op op, std::int32_t a, std::int32_t b, std::int3
     return size() - 1;
 }
 
-void CodeBuilder::jump(Op op, Label& target, std::int32_t a, std::int32_t b, int extra) {
+Label CodeBuilder::new_label() {
+    Label label;
+    label.number_ = static_cast<std::uint32_t>(labels_.size());
+    labels_.emplace_back();
+    return label;
+}
+
+void CodeBuilder::jump(Op op, Label target, std::int32_t a, std::int32_t b, int extra) {
     const std::uint32_t place = emit(op, a, b, 0, extra);
-    if (target.target_ == Label::kUnbound) {
-        target.waiting_.push_back(place);
+    LabelState& label = labels_[target.number_];
+    if (label.target == kUnbound) {
+        label.waiting.push_back(place);
     } else {
         code_->instructions[place].c =
-            static_cast<std::int32_t>(target.target_) - static_cast<std::int32_t>(place);
+            static_cast<std::int32_t>(label.target) - static_cast<std::int32_t>(place);
     }
 }
 
-void CodeBuilder::bind(Label& label) {
-    label.target_ = size();
-    for (const std::uint32_t place : label.waiting_) {
+void CodeBuilder::bind(Label target) {
+    LabelState& label = labels_[target.number_];
+    label.target = size();
+    for (const std::uint32_t place : label.waiting) {
         code_->instructions[place].c = static_cast<std::int32_t>(size() - place);
     }
-    label.waiting_.clear();
+    label.waiting.clear();
 }
 
 void CodeBuilder::begin_statement(ast::Position position) {
@@ -116,11 +138,23 @@ Place CodeBuilder::constant(const Value& value) {
     return {kConstants + bytes(place), false, true};
 }
 
-Place CodeBuilder::new_temporary(std::uint32_t count) {
-    const Place place{kTemporaries + bytes(temporaries_), true, false};
+void CodeBuilder::take(std::uint32_t count) noexcept {
     temporaries_ += count;
     most_temporaries_ = std::max(most_temporaries_, temporaries_);
-    return place;
+}
+
+Place CodeBuilder::new_temporary() {
+    take(1);
+    return temporary(temporaries_ - 1);
+}
+
+Place CodeBuilder::temporary(std::uint32_t number) noexcept {
+    return {kTemporaries + bytes(number), true, false};
+}
+
+Place CodeBuilder::new_window(std::uint32_t count) {
+    take(count);
+    return {kWindows + bytes(temporaries_ - count), true, false};
 }
 
 Place CodeBuilder::neighbour(Place window, std::uint32_t distance) noexcept {
@@ -128,30 +162,37 @@ Place CodeBuilder::neighbour(Place window, std::uint32_t distance) noexcept {
     return window;
 }
 
+// Code outside of procedures runs once at a time, so that its locals and temporaries can stand
+// beside its constants, where they are near; only windows stand on the stack.
 std::int32_t CodeBuilder::final_place(std::int32_t field) const noexcept {
     if (field >= kEnd) return field;
     const bool is_outside = kind_ == Kind::Outside;
-    if (field < kTemporaries) {
-        const std::int32_t distance = bytes(code_->first_constant()) + (field - kConstants);
-        return is_outside ? distance : distance - kFarBias;
+    const std::int32_t own = is_outside ? bytes(code_->first_own()) : 0;
+    if (field >= kLocals) return own + (field - kLocals);
+    if (field >= kWindows) {
+        return is_outside ? field - kWindows - kFarBias : bytes(locals_) + (field - kWindows);
     }
-    const std::int32_t distance =
-        field < kLocals ? bytes(locals_) + (field - kTemporaries) : field - kLocals;
-    return is_outside ? distance - kFarBias : distance;
+    if (field >= kTemporaries) return own + bytes(locals_) + (field - kTemporaries);
+    const std::int32_t constant = bytes(code_->first_constant()) + (field - kConstants);
+    return is_outside ? constant : constant - kFarBias;
 }
 
 Ref<Code> CodeBuilder::finish() {
+    const bool is_outside = kind_ == Kind::Outside;
     code_->adopt_constants(std::move(constants_));
+    if (is_outside) code_->allocate_own(locals_, most_temporaries_);
     for (Instruction& instruction : code_->instructions) {
         instruction.a = final_place(instruction.a);
         instruction.b = final_place(instruction.b);
         instruction.c = final_place(instruction.c);
+        instruction.op = final_form(instruction);
     }
-    for (MemberSite& site : code_->sites)
+    for (MemberSite& site : code_->sites) {
         site.object = final_place(site.object);
-    code_->local_count = locals_;
+    }
+    code_->local_count = is_outside ? 0 : locals_;
     code_->has_by_value = !code_->by_value.empty();
-    code_->register_count = locals_ + most_temporaries_;
+    code_->register_count = code_->local_count + most_temporaries_;
     return std::move(code_);
 }
 

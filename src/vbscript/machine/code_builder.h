@@ -21,20 +21,12 @@ struct Place {
     friend bool operator==(const Place&, const Place&) = default;
 };
 
-// Where jumps lead to; known once it is bound.
+// Where jumps lead to; known once it is bound. A name for what the builder knows.
 class Label {
-  public:
-    Label() = default;
-    Label(const Label&) = delete;
-    Label& operator=(const Label&) = delete;
-
   private:
     friend class CodeBuilder;
 
-    static constexpr std::uint32_t kUnbound = ~std::uint32_t{0};
-
-    std::uint32_t target_ = kUnbound;
-    std::vector<std::uint32_t> waiting_;
+    std::uint32_t number_ = 0;
 };
 
 // Puts together one `Code`. Registers and constants have provisional places until `finish` knows
@@ -49,10 +41,17 @@ class CodeBuilder {
     std::uint32_t emit(Op op, std::int32_t a = 0, std::int32_t b = 0, std::int32_t c = 0,
                        int extra = 0);
 
-    // A jump in the field c.
-    void jump(Op op, Label& target, std::int32_t a = 0, std::int32_t b = 0, int extra = 0);
+    [[nodiscard]] Label new_label();
 
-    void bind(Label& label);
+    // A jump in the field c.
+    void jump(Op op, Label target, std::int32_t a = 0, std::int32_t b = 0, int extra = 0);
+
+    void bind(Label label);
+
+    // Requires: bound.
+    [[nodiscard]] std::uint32_t place_of(Label label) const noexcept {
+        return labels_[label.number_].target;
+    }
 
     [[nodiscard]] std::uint32_t size() const noexcept {
         return static_cast<std::uint32_t>(code_->instructions.size());
@@ -92,8 +91,14 @@ class CodeBuilder {
     [[nodiscard]] Place slot(std::uint32_t index) const noexcept;
     [[nodiscard]] Place constant(const Value& value);
 
-    // The next free temporaries, neighbours of each other.
-    Place new_temporary(std::uint32_t count = 1);
+    // The next free temporary.
+    Place new_temporary();
+
+    // Several of them, neighbours of each other: arguments of a call, or what is read together.
+    Place new_window(std::uint32_t count);
+
+    // The one at a height of the stack of temporaries.
+    [[nodiscard]] static Place temporary(std::uint32_t number) noexcept;
 
     [[nodiscard]] std::uint32_t temporaries() const noexcept { return temporaries_; }
 
@@ -108,10 +113,19 @@ class CodeBuilder {
     [[nodiscard]] Ref<Code> finish();
 
   private:
+    static constexpr std::uint32_t kUnbound = ~std::uint32_t{0};
+
+    struct LabelState {
+        std::uint32_t target = kUnbound;
+        std::vector<std::uint32_t> waiting{};
+    };
+
+    void take(std::uint32_t count) noexcept;
     [[nodiscard]] std::int32_t final_place(std::int32_t field) const noexcept;
 
     Kind kind_;
     Ref<Code> code_;
+    std::vector<LabelState> labels_;
     std::vector<Value> constants_;
     std::map<std::pair<Type, std::uint64_t>, std::uint32_t> numbers_;
     std::map<std::u16string, std::uint32_t, std::less<>> texts_;

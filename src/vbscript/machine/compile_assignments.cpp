@@ -92,7 +92,7 @@ bool Compiler::append(const ast::Identifier& target, const Binding& binding,
     // What the parts do could change the variable: then its text of before counts, which is kept.
     const std::uint32_t kept = may_change ? 1 : 0;
     const auto count = static_cast<std::uint32_t>(parts.size()) + kept;
-    const Place window = builder_.new_temporary(count);
+    const Place window = builder_.new_window(count);
     if (may_change) builder_.emit(Op::Move, window.field, binding.place.field);
     for (std::uint32_t place = kept; place < count; ++place) {
         value_into(*parts[place - kept], CodeBuilder::neighbour(window, place));
@@ -230,7 +230,7 @@ void Compiler::store_element(std::optional<Place> array, const ast::Apply& targe
                       index.field, source.field);
         if (place.is_temporary) builder_.emit(Op::Clear, place.field);
     } else {
-        const Place window = builder_.new_temporary(count + 1);
+        const Place window = builder_.new_window(count + 1);
         for (std::uint32_t place = 0; place < count; ++place) {
             const Place into = CodeBuilder::neighbour(window, place);
             if (indexes[place] == nullptr) {
@@ -292,7 +292,7 @@ Place Compiler::address(const ast::Expression& node) {
     const auto& element = ast::as<ast::Apply>(node);
     const Place reference = builder_.new_reference();
     const auto count = static_cast<std::uint32_t>(element.arguments.size());
-    const Place window = builder_.new_temporary(count);
+    const Place window = builder_.new_window(count);
     for (std::uint32_t place = 0; place < count; ++place) {
         value_into(*element.arguments[place], CodeBuilder::neighbour(window, place));
     }

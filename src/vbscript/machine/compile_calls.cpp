@@ -38,15 +38,14 @@ Compiler::Window Compiler::open_window(std::uint32_t places, Arguments arguments
     Window window;
     window.height = builder_.temporaries();
     const bool has_locks = std::ranges::any_of(arguments, &Compiler::may_be_element);
-    if (has_locks) window.result = builder_.new_temporary();
+    if (has_locks) static_cast<void>(builder_.new_temporary());
+    window.result = want.place ? *want.place : CodeBuilder::temporary(window.height);
     for (const ast::Expression* argument : arguments) {
         if (!may_be_element(argument)) continue;
         const auto indexes = ast::as<ast::Apply>(*argument).arguments.size();
-        window.locks.push_back({builder_.new_temporary(static_cast<std::uint32_t>(indexes) + 1)});
+        window.locks.push_back({builder_.new_window(static_cast<std::uint32_t>(indexes) + 1)});
     }
-    window.first = builder_.new_temporary(std::max(places, 1U));
-    if (!has_locks) window.result = window.first;
-    if (want.place) window.result = *want.place;
+    window.first = builder_.new_window(std::max(places, 1U));
     window.has_result_place = want.place.has_value();
     return window;
 }
@@ -147,7 +146,7 @@ Place Compiler::call_named(const ast::Identifier& callee, const Binding& binding
                            Arguments arguments, Want want, bool is_statement) {
     switch (binding.kind) {
         case Binding::Kind::Variable:
-            if (binding.is_result) return call_itself(callee.name, arguments, want);
+            if (binding.is_result) return call_itself(arguments, want);
             return call_value(binding.place, callee, arguments, want);
         case Binding::Kind::Object:
             return call_value(binding.place, callee, arguments, want);
@@ -171,9 +170,10 @@ Place Compiler::call_named(const ast::Identifier& callee, const Binding& binding
     return fail(ErrorNumber::TypeMismatch, callee.name, want);
 }
 
-Place Compiler::call_itself(const ast::Name& name, Arguments arguments, const Want& want) {
-    if (context_.owner == nullptr) return call_procedure(*context_.procedure, arguments, want);
-    return call_own_procedure(*context_.owner->find(name.folded)->get, arguments, want);
+Place Compiler::call_itself(Arguments arguments, const Want& want) {
+    Procedure& self = context_.procedure != nullptr ? *context_.procedure : *context_.around;
+    return context_.owner == nullptr ? call_procedure(self, arguments, want)
+                                     : call_own_procedure(self, arguments, want);
 }
 
 void Compiler::call_statement(const ast::Call& node) {
@@ -270,7 +270,7 @@ Place Compiler::call_library(const LibraryFunction& function, const ast::Name& n
         window = value(*arguments.front());
     } else {
         const auto count = static_cast<std::uint32_t>(arguments.size());
-        window = builder_.new_temporary(std::max(count, 1U));
+        window = builder_.new_window(std::max(count, 1U));
         Window passed{.height = height, .result = {}, .first = window};
         for (std::uint32_t place = 0; place < count; ++place) {
             pass_argument(passed, arguments[place], CodeBuilder::neighbour(window, place), true, 0);
@@ -321,7 +321,7 @@ Place Compiler::call_value(Place callee, const ast::Expression& subject, Argumen
         return result;
     }
     const auto count = static_cast<std::uint32_t>(arguments.size());
-    const Place window = builder_.new_temporary(std::max(count, 1U));
+    const Place window = builder_.new_window(std::max(count, 1U));
     Window passed{.height = height, .result = {}, .first = window};
     for (std::uint32_t place = 0; place < count; ++place) {
         pass_argument(passed, arguments[place], CodeBuilder::neighbour(window, place), true, 0);

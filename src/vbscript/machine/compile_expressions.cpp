@@ -184,7 +184,7 @@ Place Compiler::concatenate(const ast::Binary& node, const Want& want) {
     std::ranges::reverse(parts);
     const std::uint32_t height = builder_.temporaries();
     const auto count = static_cast<std::uint32_t>(parts.size());
-    const Place window = builder_.new_temporary(count);
+    const Place window = builder_.new_window(count);
     for (std::uint32_t place = 0; place < count; ++place) {
         value_into(*parts[place], CodeBuilder::neighbour(window, place));
     }
@@ -208,7 +208,7 @@ Place Compiler::unary(const ast::Unary& node, const Want& want) {
 Place Compiler::new_object(const ast::New& node, const Want& want) {
     const std::uint32_t height = builder_.temporaries();
     const Place result = builder_.new_temporary();
-    const Place window = builder_.new_temporary();
+    const Place window = builder_.new_window(1);
     const NameId id = scope_.id_of(node.class_name);
     const ModuleName* found = context_.symbols->find(*context_.module, id);
     const auto* info = found != nullptr ? std::get_if<Ref<ClassInfo>>(found) : nullptr;

@@ -16,19 +16,19 @@ void Compiler::compile_do(const ast::Do& node) {
                    node.end, Enclosing::Kind::Do);
         return;
     }
-    Label body;
-    Label exit;
+    const Label body = builder_.new_label();
+    const Label exit = builder_.new_label();
     builder_.bind(body);
-    enclosing_.push_back({Enclosing::Kind::Do, &exit});
+    enclosing_.push_back({Enclosing::Kind::Do, exit});
     block(node.body);
     enclosing_.pop_back();
     builder_.begin_statement(node.end);
     switch (node.test) {
         case LoopTest::WhileLast:
-            jump_if(*node.condition, body);
+            jump_if(*node.condition, {body, exit});
             break;
         case LoopTest::UntilLast:
-            jump_unless(*node.condition, body);
+            jump_unless(*node.condition, {body, exit});
             break;
         default:
             builder_.jump(Op::Jump, body);
@@ -40,18 +40,18 @@ void Compiler::compile_do(const ast::Do& node) {
 void Compiler::loop_while(const ast::Expression& condition, bool until, ast::Block body,
                           ast::Position head, ast::Position end, Enclosing::Kind kind) {
     const bool is_repeated = condition.height <= kMostRepeatedHeight;
-    Label test;
-    Label start;
-    Label exit;
+    const Label test = builder_.new_label();
+    const Label start = builder_.new_label();
+    const Label exit = builder_.new_label();
     builder_.bind(test);
     if (until) {
-        jump_if(condition, exit);
+        jump_if(condition, {exit, start});
     } else {
-        jump_unless(condition, exit);
+        jump_unless(condition, {exit, start});
     }
     builder_.bind(start);
     const std::uint32_t first = builder_.size();
-    enclosing_.push_back({kind, &exit});
+    enclosing_.push_back({kind, exit});
     block(body);
     enclosing_.pop_back();
     if (!is_repeated) {
@@ -61,9 +61,9 @@ void Compiler::loop_while(const ast::Expression& condition, bool until, ast::Blo
         // An error in the condition goes on in the body, as it does at the head.
         builder_.begin_statement(head, first);
         if (until) {
-            jump_unless(condition, start);
+            jump_unless(condition, {start, start});
         } else {
-            jump_if(condition, start);
+            jump_if(condition, {start, start});
         }
     }
     builder_.bind(exit);
@@ -105,11 +105,11 @@ void Compiler::compile_for(const ast::For& node) {
     }
     builder_.emit(Op::Move, limit.field, temporary_limit.field);
     builder_.release_to(height);
-    Label body;
-    Label exit;
+    const Label body = builder_.new_label();
+    const Label exit = builder_.new_label();
     builder_.jump(Op::ForStart, exit, counter->field, limit.field);
     builder_.bind(body);
-    enclosing_.push_back({Enclosing::Kind::For, &exit});
+    enclosing_.push_back({Enclosing::Kind::For, exit});
     block(node.body);
     enclosing_.pop_back();
     builder_.begin_statement(node.end);
@@ -128,12 +128,12 @@ void Compiler::compile_for_each(const ast::ForEach& node) {
     builder_.about(*node.collection);
     builder_.emit(Op::EachStart, state.field, collection.field);
     builder_.release_to(height);
-    Label body;
-    Label next;
-    Label exit;
+    const Label body = builder_.new_label();
+    const Label next = builder_.new_label();
+    const Label exit = builder_.new_label();
     builder_.jump(Op::Jump, next);
     builder_.bind(body);
-    enclosing_.push_back({Enclosing::Kind::For, &exit, walk, true});
+    enclosing_.push_back({Enclosing::Kind::For, exit, walk, true});
     block(node.body);
     enclosing_.pop_back();
     builder_.begin_statement(node.end);

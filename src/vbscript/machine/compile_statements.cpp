@@ -98,13 +98,15 @@ void Compiler::compile(const ast::Statement& node) {
 // The jumps out of branches are statements of their own: an error in the last statement of a
 // branch goes on there, not in the next branch.
 void Compiler::compile_if(const ast::If& node) {
-    Label end;
+    const Label end = builder_.new_label();
     for (std::size_t number = 0; number < node.branches.size(); ++number) {
         const ast::Branch& branch = node.branches[number];
         const bool is_last = number + 1 == node.branches.size() && node.otherwise.empty();
-        Label next;
+        const Label next = builder_.new_label();
         builder_.begin_statement(branch.position);
-        jump_unless(*branch.condition, next);
+        const Label body = builder_.new_label();
+        jump_unless(*branch.condition, {next, body});
+        builder_.bind(body);
         block(branch.body);
         if (!is_last) {
             builder_.begin_statement(branch.position);
@@ -122,10 +124,10 @@ void Compiler::compile_select(const ast::SelectCase& node) {
     const std::uint32_t height = builder_.temporaries();
     expression(*node.subject, {place, ResultUse::Let});
     builder_.release_to(height);
-    Label end;
+    const Label end = builder_.new_label();
     for (const ast::Case& branch : node.cases) {
-        Label body;
-        Label next;
+        const Label body = builder_.new_label();
+        const Label next = builder_.new_label();
         builder_.begin_statement(branch.position);
         for (const ast::Expression* candidate : branch.values) {
             if (const auto number = small_number(*candidate)) {
@@ -155,7 +157,7 @@ void Compiler::compile_with(const ast::With& node) {
     builder_.emit(Op::WithObject, CodeBuilder::local(object).field, source.field);
     builder_.release_to(height);
     with_objects_.push_back(object);
-    enclosing_.push_back({Enclosing::Kind::With, nullptr, object, true});
+    enclosing_.push_back({Enclosing::Kind::With, {}, object, true});
     block(node.body);
     enclosing_.pop_back();
     with_objects_.pop_back();
@@ -179,7 +181,7 @@ void Compiler::compile_exit(const ast::Exit& node) {
         node.target == ast::ExitTarget::Do ? Enclosing::Kind::Do : Enclosing::Kind::For;
     for (auto around = enclosing_.rbegin(); around != enclosing_.rend(); ++around) {
         if (around->kind == wanted) {
-            builder_.jump(Op::Jump, *around->exit);
+            builder_.jump(Op::Jump, around->exit);
             return;
         }
         if (around->has_local) clear(around->local);
@@ -200,7 +202,7 @@ void Compiler::compile_redim(const ast::ReDim& node) {
         const std::uint32_t height = builder_.temporaries();
         const std::uint32_t references = builder_.references();
         const auto count = static_cast<std::uint32_t>(item.bounds.size());
-        const Place window = builder_.new_temporary(count);
+        const Place window = builder_.new_window(count);
         for (std::uint32_t place = 0; place < count; ++place) {
             value_into(*item.bounds[place], CodeBuilder::neighbour(window, place));
         }

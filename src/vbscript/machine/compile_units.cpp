@@ -72,12 +72,14 @@ void Compiler::make_arrays(std::span<const ast::Declarator> variables) {
 void Compiler::finish_body(ast::Position end) {
     builder_.begin_statement(end);
     leave_return();
+    compile_leftovers();
 }
 
 Ref<Code> Compiler::finish(std::shared_ptr<const Program> program) {
     Code& code = builder_.code();
     code.module = context_.module;
     code.owner = context_.owner;
+    code.procedure = context_.procedure != nullptr ? context_.procedure : context_.around;
     code.program = std::move(program);
     code.option_explicit = context_.option_explicit;
     if (code.has_dynamic_names) scope_.list_registers(code);

@@ -38,7 +38,7 @@ class Compiler {
         enum class Kind : std::uint8_t { Do, For, With, Other };
 
         Kind kind = Kind::Other;
-        Label* exit = nullptr;
+        Label exit;
         std::uint32_t local = 0;  // what is made Empty on the way out
         bool has_local = false;
     };
@@ -57,6 +57,16 @@ class Compiler {
         bool has_result_place = false;
         Place first{};              // Me, or the first argument
         std::vector<Lock> locks{};  // one for each argument that may be an element
+    };
+
+    // The second part of `a And b` when the first one has decided already: it is still read, since
+    // that may fail or call something. Stands behind all other code.
+    struct Leftover {
+        Label begin;
+        const ast::Expression* part = nullptr;
+        Label then;
+        Label resume;
+        ast::Position position;
     };
 
     using Arguments = ast::Arguments;
@@ -156,11 +166,19 @@ class Compiler {
     // A temporary with the value of a variable; constants and temporaries stay.
     [[nodiscard]] Place copy_of(Place place);
 
-    // Conditions
-    void jump_unless(const ast::Expression& condition, Label& target);
-    void jump_if(const ast::Expression& condition, Label& target);
-    bool jump_on_comparison(const ast::Expression& condition, Label& target, Op first,
+    // Conditions. `body` is where an error in the condition goes on.
+    struct Target {
+        Label jump;
+        Label body;
+    };
+
+    void jump_unless(const ast::Expression& condition, Target target);
+    void jump_if(const ast::Expression& condition, Target target);
+    bool jump_on_comparison(const ast::Expression& condition, Label target, Op first,
                             Op first_with_number);
+    bool jump_on_parts(const ast::Expression& condition, Target target, bool jumps_if);
+    [[nodiscard]] static bool is_truth(const ast::Expression& node) noexcept;
+    void compile_leftovers();
 
     // Calls
     Place apply(const ast::Apply& node, Want want);
@@ -168,7 +186,7 @@ class Compiler {
                      Want want, bool is_statement);
     void call_statement(const ast::Call& node);
     Place call_procedure(Procedure& procedure, Arguments arguments, const Want& want);
-    Place call_itself(const ast::Name& name, Arguments arguments, const Want& want);
+    Place call_itself(Arguments arguments, const Want& want);
     Place call_own(const ClassMember& member, const ast::Identifier& callee, Arguments arguments,
                    const Want& want);
     Place call_own_procedure(Procedure& procedure, Arguments arguments, const Want& want);
@@ -203,7 +221,8 @@ class Compiler {
     Scope scope_;
     std::vector<Enclosing> enclosing_;
     std::vector<std::uint32_t> with_objects_;  // locals
-    std::optional<std::uint32_t> result_;      // local
+    std::vector<Leftover> leftovers_;
+    std::optional<std::uint32_t> result_;  // local
     int loop_depth_ = 0;
     bool resumes_next_ = false;  // an On Error Resume Next is somewhere in it
 };

@@ -14,6 +14,8 @@ namespace vbscript {
 
 namespace {
 
+constexpr bool kIf = true;
+constexpr bool kUnless = false;
 constexpr auto kEqual = Comparison::Equal;
 constexpr auto kNotEqual = Comparison::NotEqual;
 constexpr auto kLess = Comparison::Less;
@@ -43,8 +45,13 @@ template <Comparison comparison>
     bool truth = false;
     const Value& first = referred(*left);
     const Value& second = referred(*right);
-    if (!first.is_heavy() && !second.is_heavy() &&
-        fast::compare<comparison>(first, second, truth)) {
+    if (fast::compare<comparison>(first, second, truth)) return truth;
+    constexpr bool kIsEquality =
+        comparison == Comparison::Equal || comparison == Comparison::NotEqual;
+    if (kIsEquality && first.is(Type::String) && second.is(Type::String)) {
+        truth = fast::holds<comparison>(first.units(), second.units());
+        consume(left);
+        consume(right);
         return truth;
     }
     return holds(comparison, left, right);
@@ -83,7 +90,7 @@ template <Comparison comparison>
     frame->resumes_next = false;
     frame->owns_names = false;
     for (Value* local = window + code.first_local; local != window + code.local_count; ++local) {
-        local->set_number(Type::Empty, 0);
+        local->set_light(Type::Empty, 0);
     }
     if (code.has_by_value) settle_values(code, window);
     top_ = frame;
@@ -92,12 +99,30 @@ template <Comparison comparison>
     return frame;
 }
 
+// Ends a frame between statements, when its temporaries hold nothing.
+[[gnu::always_inline]] inline Frame* Machine::leave_quickly(Frame* frame) noexcept {
+    Value* const end = frame->base + frame->code->local_count;
+    for (Value* local = frame->base; local != end; ++local) {
+        if (local->is_heavy()) [[unlikely]] {
+            release_registers(local, local + 1);
+        }
+    }
+    if (frame->owns_names) [[unlikely]] {
+        dynamic_names_.pop_back();
+    }
+    top_ = frame - 1;
+    return frame - 1;
+}
+
 // NOLINTNEXTLINE(readability-function-size,readability-function-cognitive-complexity)
 void Machine::execute_frames(Frame* const entry) {
     static const void* const kLabels[] = {
 #define VBSCRIPT_LABEL(name, fields) __extension__ &&label_##name,
-        VBSCRIPT_INSTRUCTIONS(VBSCRIPT_LABEL)
+#define VBSCRIPT_LABELS(name, fields) \
+    __extension__ &&label_##name, __extension__ &&label_##name##Near,
+        VBSCRIPT_INSTRUCTIONS(VBSCRIPT_LABEL, VBSCRIPT_LABELS)
 #undef VBSCRIPT_LABEL
+#undef VBSCRIPT_LABELS
     };
     Frame* frame = top_;
     const Instruction* pc = frame->pc;
@@ -108,6 +133,9 @@ void Machine::execute_frames(Frame* const entry) {
     (reinterpret_cast<Value*>(                                                   \
         near + static_cast<std::uintptr_t>(static_cast<std::ptrdiff_t>(place)) + \
         static_cast<std::uintptr_t>(far & (static_cast<std::ptrdiff_t>(place) >> 63))))
+#define ATNear(place)                \
+    (reinterpret_cast<Value*>(near + \
+                              static_cast<std::uintptr_t>(static_cast<std::ptrdiff_t>(place))))
 #define A AT(pc->a)
 #define B AT(pc->b)
 #define C AT(pc->c)
@@ -137,26 +165,22 @@ void Machine::execute_frames(Frame* const entry) {
         try {
             GO;
 
-            CASE(Move) {
-                Value* const target = A;
-                Value* const source = B;
-                if (!target->is_heavy() && !source->is_heavy()) {
-                    target->copy_light(*source);
-                } else {
-                    move(target, source);
-                }
-                NEXT;
-            }
-            CASE(Let) {
-                Value* const target = A;
-                Value* const source = B;
-                if (!target->is_heavy() && !source->is_heavy()) {
-                    target->copy_light(*source);
-                } else {
-                    let(target, source);
-                }
-                NEXT;
-            }
+#define COPY(name, form, general)                         \
+    CASE(name##form) {                                    \
+        Value* const target = AT##form(pc->a);            \
+        Value* const source = AT##form(pc->b);            \
+        if (!target->is_heavy() && !source->is_heavy()) { \
+            target->copy_light(*source);                  \
+        } else {                                          \
+            general(target, source);                      \
+        }                                                 \
+        NEXT;                                             \
+    }
+            COPY(Move, , move)
+            COPY(Move, Near, move)
+            COPY(Let, , let)
+            COPY(Let, Near, let)
+#undef COPY
             CASE(Set) {
                 set(A, B);
                 NEXT;
@@ -213,26 +237,30 @@ void Machine::execute_frames(Frame* const entry) {
                 NEXT;
             }
 
-#define ARITHMETIC(name, quick, general)                         \
-    CASE(name) {                                                 \
-        Value* const target = A;                                 \
-        Value* const left = B;                                   \
-        Value* const right = C;                                  \
+#define ARITHMETIC(name, form, quick, general)                   \
+    CASE(name##form) {                                           \
+        Value* const target = AT##form(pc->a);                   \
+        Value* const left = AT##form(pc->b);                     \
+        Value* const right = AT##form(pc->c);                    \
         if (!quick(*target, *left, *right)) [[unlikely]] {       \
             operate_with<&quick, &general>(target, left, right); \
         }                                                        \
         NEXT;                                                    \
     }
-            ARITHMETIC(Add, fast::calculate<fast::Add>, add)
-            ARITHMETIC(Subtract, fast::calculate<fast::Subtract>, subtract)
-            ARITHMETIC(Multiply, fast::calculate<fast::Multiply>, multiply)
-            ARITHMETIC(Divide, fast::divide, divide)
-            ARITHMETIC(DivideWhole, fast::divide_whole, divide_whole)
-            ARITHMETIC(Remainder, fast::remainder, remainder)
-            ARITHMETIC(And, fast::combine<std::bit_and<>>, logical_and)
-            ARITHMETIC(Or, fast::combine<std::bit_or<>>, logical_or)
-            ARITHMETIC(Xor, fast::combine<std::bit_xor<>>, logical_xor)
+#define ARITHMETICS(name, quick, general) \
+    ARITHMETIC(name, , quick, general)    \
+    ARITHMETIC(name, Near, quick, general)
+            ARITHMETICS(Add, fast::calculate<fast::Add>, add)
+            ARITHMETICS(Subtract, fast::calculate<fast::Subtract>, subtract)
+            ARITHMETICS(Multiply, fast::calculate<fast::Multiply>, multiply)
+            ARITHMETICS(Divide, fast::divide, divide)
+            ARITHMETICS(DivideWhole, fast::divide_whole, divide_whole)
+            ARITHMETICS(Remainder, fast::remainder, remainder)
+            ARITHMETIC(And, , fast::combine<std::bit_and<>>, logical_and)
+            ARITHMETIC(Or, , fast::combine<std::bit_or<>>, logical_or)
+            ARITHMETIC(Xor, , fast::combine<std::bit_xor<>>, logical_xor)
 #undef ARITHMETIC
+#undef ARITHMETICS
             CASE(Power) {
                 operate(&power, A, B, C);
                 NEXT;
@@ -249,25 +277,20 @@ void Machine::execute_frames(Frame* const entry) {
                 concatenate_two(A, B, C);
                 NEXT;
             }
-            CASE(AddNumber) {
-                Value* const target = A;
-                Value* const left = B;
-                if (!fast::calculate_number<fast::Add>(*target, *left, pc->extra)) [[unlikely]] {
-                    operate_with_number<&fast::calculate_number<fast::Add>, &add>(target, left,
-                                                                                  pc->extra);
-                }
-                NEXT;
-            }
-            CASE(SubtractNumber) {
-                Value* const target = A;
-                Value* const left = B;
-                if (!fast::calculate_number<fast::Subtract>(*target, *left, pc->extra))
-                    [[unlikely]] {
-                    operate_with_number<&fast::calculate_number<fast::Subtract>, &subtract>(
-                        target, left, pc->extra);
-                }
-                NEXT;
-            }
+#define WITH_NUMBER(name, form, quick, general)                             \
+    CASE(name##form) {                                                      \
+        Value* const target = AT##form(pc->a);                              \
+        Value* const left = AT##form(pc->b);                                \
+        if (!quick(*target, *left, pc->extra)) [[unlikely]] {               \
+            operate_with_number<&quick, &general>(target, left, pc->extra); \
+        }                                                                   \
+        NEXT;                                                               \
+    }
+            WITH_NUMBER(AddNumber, , fast::calculate_number<fast::Add>, add)
+            WITH_NUMBER(AddNumber, Near, fast::calculate_number<fast::Add>, add)
+            WITH_NUMBER(SubtractNumber, , fast::calculate_number<fast::Subtract>, subtract)
+            WITH_NUMBER(SubtractNumber, Near, fast::calculate_number<fast::Subtract>, subtract)
+#undef WITH_NUMBER
             CASE(Negate) {
                 Value* const target = A;
                 Value* const operand = B;
@@ -301,65 +324,59 @@ void Machine::execute_frames(Frame* const entry) {
                 NEXT;
             }
 
-#define COMPARE(name)                                                                            \
-    CASE(Compare##name) {                                                                        \
-        Value* const target = A;                                                                 \
-        Value* const left = B;                                                                   \
-        Value* const right = C;                                                                  \
+#define COMPARE(name, form)                                                                      \
+    CASE(Compare##name##form) {                                                                  \
+        Value* const target = AT##form(pc->a);                                                   \
+        Value* const left = AT##form(pc->b);                                                     \
+        Value* const right = AT##form(pc->c);                                                    \
         bool truth = false;                                                                      \
-        if (left->is_heavy() || right->is_heavy() ||                                             \
-            !fast::compare<k##name>(*left, *right, truth) || !fast::put_boolean(*target, truth)) \
+        if (!fast::compare<k##name>(*left, *right, truth) || !fast::put_boolean(*target, truth)) \
             [[unlikely]] {                                                                       \
             compare_into(k##name, target, left, right);                                          \
         }                                                                                        \
         NEXT;                                                                                    \
-    }                                                                                            \
-    CASE(JumpIf##name) {                                                                         \
-        Value* const left = A;                                                                   \
-        Value* const right = B;                                                                  \
-        bool truth = false;                                                                      \
-        if (left->is_heavy() || right->is_heavy() ||                                             \
-            !fast::compare<k##name>(*left, *right, truth)) [[unlikely]] {                        \
-            truth = holds_for<k##name>(left, right);                                             \
-        }                                                                                        \
-        if (truth) JUMP;                                                                         \
-        NEXT;                                                                                    \
-    }                                                                                            \
-    CASE(JumpUnless##name) {                                                                     \
-        Value* const left = A;                                                                   \
-        Value* const right = B;                                                                  \
-        bool truth = false;                                                                      \
-        if (left->is_heavy() || right->is_heavy() ||                                             \
-            !fast::compare<k##name>(*left, *right, truth)) [[unlikely]] {                        \
-            truth = holds_for<k##name>(left, right);                                             \
-        }                                                                                        \
-        if (!truth) JUMP;                                                                        \
-        NEXT;                                                                                    \
-    }                                                                                            \
-    CASE(JumpIf##name##Number) {                                                                 \
-        Value* const left = A;                                                                   \
-        bool truth = false;                                                                      \
-        if (!fast::compare_number<k##name>(*left, pc->extra, truth)) [[unlikely]] {              \
-            truth = holds_for_number<k##name>(left, pc->extra);                                  \
-        }                                                                                        \
-        if (truth) JUMP;                                                                         \
-        NEXT;                                                                                    \
-    }                                                                                            \
-    CASE(JumpUnless##name##Number) {                                                             \
-        Value* const left = A;                                                                   \
-        bool truth = false;                                                                      \
-        if (!fast::compare_number<k##name>(*left, pc->extra, truth)) [[unlikely]] {              \
-            truth = holds_for_number<k##name>(left, pc->extra);                                  \
-        }                                                                                        \
-        if (!truth) JUMP;                                                                        \
-        NEXT;                                                                                    \
     }
-            COMPARE(Equal)
-            COMPARE(NotEqual)
-            COMPARE(Less)
-            COMPARE(LessOrEqual)
-            COMPARE(Greater)
-            COMPARE(GreaterOrEqual)
+#define JUMP_ON_TWO(jumps, name, form)                                    \
+    CASE(Jump##jumps##name##form) {                                       \
+        Value* const left = AT##form(pc->a);                              \
+        Value* const right = AT##form(pc->b);                             \
+        bool truth = false;                                               \
+        if (!fast::compare<k##name>(*left, *right, truth)) [[unlikely]] { \
+            truth = holds_for<k##name>(left, right);                      \
+        }                                                                 \
+        if (truth == k##jumps) JUMP;                                      \
+        NEXT;                                                             \
+    }
+#define JUMP_ON_NUMBER(jumps, name, form)                                           \
+    CASE(Jump##jumps##name##Number##form) {                                         \
+        Value* const left = AT##form(pc->a);                                        \
+        bool truth = false;                                                         \
+        if (!fast::compare_number<k##name>(*left, pc->extra, truth)) [[unlikely]] { \
+            truth = holds_for_number<k##name>(left, pc->extra);                     \
+        }                                                                           \
+        if (truth == k##jumps) JUMP;                                                \
+        NEXT;                                                                       \
+    }
+#define COMPARISON(name)            \
+    COMPARE(name, )                 \
+    COMPARE(name, Near)             \
+    JUMP_ON_TWO(If, name, )         \
+    JUMP_ON_TWO(If, name, Near)     \
+    JUMP_ON_TWO(Unless, name, )     \
+    JUMP_ON_TWO(Unless, name, Near) \
+    JUMP_ON_NUMBER(If, name, )      \
+    JUMP_ON_NUMBER(If, name, Near)  \
+    JUMP_ON_NUMBER(Unless, name, )  \
+    JUMP_ON_NUMBER(Unless, name, Near)
+            COMPARISON(Equal)
+            COMPARISON(NotEqual)
+            COMPARISON(Less)
+            COMPARISON(LessOrEqual)
+            COMPARISON(Greater)
+            COMPARISON(GreaterOrEqual)
+#undef COMPARISON
+#undef JUMP_ON_NUMBER
+#undef JUMP_ON_TWO
 #undef COMPARE
 
             CASE(Jump) {
@@ -383,14 +400,18 @@ void Machine::execute_frames(Frame* const entry) {
                 if (!for_start(A, B)) JUMP;
                 NEXT;
             }
-            CASE(ForNextOne) {
-                Value* const counter = A;
-                Value* const control = B;
-                if (fast::count_up(*counter, *control)) [[likely]]
-                    JUMP;
-                if (for_next(counter, control)) JUMP;
-                NEXT;
-            }
+#define FOR_NEXT_ONE(form)                                 \
+    CASE(ForNextOne##form) {                               \
+        Value* const counter = AT##form(pc->a);            \
+        Value* const control = AT##form(pc->b);            \
+        if (fast::count_up(*counter, *control)) [[likely]] \
+            JUMP;                                          \
+        if (for_next(counter, control)) JUMP;              \
+        NEXT;                                              \
+    }
+            FOR_NEXT_ONE()
+            FOR_NEXT_ONE(Near)
+#undef FOR_NEXT_ONE
             CASE(ForNext) {
                 if (for_next(A, B)) JUMP;
                 NEXT;
@@ -404,41 +425,49 @@ void Machine::execute_frames(Frame* const entry) {
                 NEXT;
             }
 
-            CASE(Index) {
-                Value* const target = A;
-                Value* const holder = B;
-                Value* const place = C;
-                const Value* const array = holder->is_reference() ? &holder->variable() : holder;
-                if (array->is(Type::Array) && fast::is_whole(*place)) {
-                    const Value* const element = array->array().find(place->number());
-                    if (element != nullptr && !element->is_heavy() && !target->is_heavy()) {
-                        target->copy_light(*element);
-                        NEXT;
-                    }
-                }
-                index(target, holder, place, result_use(pc->extra));
-                NEXT;
-            }
+#define INDEX(form)                                                                  \
+    CASE(Index##form) {                                                              \
+        Value* const target = AT##form(pc->a);                                       \
+        Value* const holder = AT##form(pc->b);                                       \
+        Value* const place = AT##form(pc->c);                                        \
+        const Value& array = referred(*holder);                                      \
+        if (array.is(Type::Array) && fast::is_whole(*place)) {                       \
+            const Value* const element = array.array().find(place->number());        \
+            if (element != nullptr && !element->is_heavy() && !target->is_heavy()) { \
+                target->copy_light(*element);                                        \
+                NEXT;                                                                \
+            }                                                                        \
+        }                                                                            \
+        index(target, holder, place, result_use(pc->extra));                         \
+        NEXT;                                                                        \
+    }
+            INDEX()
+            INDEX(Near)
+#undef INDEX
             CASE(IndexMany) {
                 index_many(A, B, C, argument_count(pc->extra), result_use(pc->extra));
                 NEXT;
             }
-            CASE(LetElement) {
-                Value* const holder = A;
-                const Value* const place = B;
-                Value* const source = C;
-                const Value* const array = holder->is_reference() ? &holder->variable() : holder;
-                if (array->is(Type::Array) && fast::is_whole(*place) && !source->is_heavy() &&
-                    !array->array().is_held_twice()) {
-                    Value* const element = array->array().find(place->number());
-                    if (element != nullptr && !element->is_heavy()) {
-                        element->copy_light(*source);
-                        NEXT;
-                    }
-                }
-                let_element(holder, B, source, Access::Let);
-                NEXT;
-            }
+#define LET_ELEMENT(form)                                                             \
+    CASE(LetElement##form) {                                                          \
+        Value* const holder = AT##form(pc->a);                                        \
+        Value* const place = AT##form(pc->b);                                         \
+        Value* const source = AT##form(pc->c);                                        \
+        const Value& array = referred(*holder);                                       \
+        if (array.is(Type::Array) && fast::is_whole(*place) && !source->is_heavy() && \
+            !array.array().is_held_twice()) {                                         \
+            Value* const element = array.array().find(place->number());               \
+            if (element != nullptr && !element->is_heavy()) {                         \
+                element->copy_light(*source);                                         \
+                NEXT;                                                                 \
+            }                                                                         \
+        }                                                                             \
+        let_element(holder, place, source, Access::Let);                              \
+        NEXT;                                                                         \
+    }
+            LET_ELEMENT()
+            LET_ELEMENT(Near)
+#undef LET_ELEMENT
             CASE(SetElement) {
                 let_element(A, B, C, Access::Set);
                 NEXT;
@@ -478,16 +507,25 @@ void Machine::execute_frames(Frame* const entry) {
                     look_up(site, object, Access::Call);
                 }
                 Value* const window = A;
+                const int count = argument_count(pc->extra);
                 const ResultUse use = result_use(pc->extra);
                 Value* const result = use == ResultUse::Nothing ? nullptr : B;
-                move(window, holder);
                 if (site.procedure != nullptr) {
-                    frame = enter(frame, pc, *site.procedure, window, argument_count(pc->extra),
-                                  result, use);
+                    move(window, holder);
+                    frame = enter(frame, pc, *site.procedure, window, count, result, use);
                     RELOAD;
                     GO;
                 }
-                read_member(site, window, argument_count(pc->extra), result, use);
+                if (site.field >= 0 && count == 0 && result != nullptr) {
+                    const Value& field = static_cast<Instance&>(object).field(site.field);
+                    if (!field.is_heavy() && !result->is_heavy()) {
+                        result->copy_light(field);
+                        consume(holder);
+                        NEXT;
+                    }
+                }
+                move(window, holder);
+                read_member(site, window, count, result, use);
                 NEXT;
             }
             CASE(LetMember)
@@ -500,14 +538,24 @@ void Machine::execute_frames(Frame* const entry) {
                     look_up(site, object, access);
                 }
                 Value* const window = A;
-                move(window, holder);
+                const int count = argument_count(pc->extra);
                 if (site.procedure != nullptr) {
-                    frame = enter(frame, pc, *site.procedure, window, argument_count(pc->extra),
-                                  nullptr, ResultUse::Nothing);
+                    move(window, holder);
+                    frame = enter(frame, pc, *site.procedure, window, count, nullptr,
+                                  ResultUse::Nothing);
                     RELOAD;
                     GO;
                 }
-                write_member(site, window, argument_count(pc->extra), access);
+                if (site.field >= 0 && count == 1 && access == Access::Let) {
+                    Value& field = static_cast<Instance&>(object).field(site.field);
+                    if (!field.is_heavy() && !window[1].is_heavy()) {
+                        field.copy_light(window[1]);
+                        consume(holder);
+                        NEXT;
+                    }
+                }
+                move(window, holder);
+                write_member(site, window, count, access);
                 NEXT;
             }
             CASE(CallLibrary) {
@@ -540,32 +588,34 @@ void Machine::execute_frames(Frame* const entry) {
                 NEXT;
             }
             CASE(Return) {
-                Value result(std::move(*A));
                 const bool is_entry = frame->is_entry;
-                Value* const target = frame->result;
-                const ResultUse use = frame->use;
-                leave();
-                frame = top_;
-                if (target != nullptr) {
-                    if (!target->is_heavy() && !result.is_heavy()) {
+                {
+                    // In a block of its own: a jump to the next instruction destroys nothing.
+                    Value result(std::move(*A));
+                    Value* const target = frame->result;
+                    const ResultUse use = frame->use;
+                    if (is_entry) release_own(frame);
+                    frame = leave_quickly(frame);
+                    RELOAD;
+                    if (target == nullptr) {
+                        result = Value();
+                    } else if (!target->is_heavy() && !result.is_heavy()) [[likely]] {
                         target->copy_light(result);
                     } else {
-                        RELOAD;
                         put_result(target, std::move(result), use);
                     }
                 }
                 if (is_entry) return;
-                RELOAD;
                 NEXT;
             }
             CASE(ReturnNothing) {
-                const bool is_entry = frame->is_entry;
                 Value* const target = frame->result;
-                leave();
-                frame = top_;
+                const bool is_entry = frame->is_entry;
+                if (is_entry) release_own(frame);
+                frame = leave_quickly(frame);
+                RELOAD;
                 if (target != nullptr) put(target, Value());
                 if (is_entry) return;
-                RELOAD;
                 NEXT;
             }
 

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <utility>
 #include <vector>
@@ -74,8 +75,22 @@ void Machine::index(Value* target, Value* holder, Value* place, ResultUse use) {
     put_result(target, std::move(value), use);
 }
 
+// The element, if the holder is an array and all indexes are whole numbers.
+Value* Machine::plain_element(const Value& holder, std::span<const Value> indexes) {
+    const bool is_plain = holder.is(Type::Array) && std::ranges::all_of(indexes, fast::is_whole);
+    if (!is_plain) return nullptr;
+    return &holder.array().at(IndexNumbers(context_, indexes).all());
+}
+
 void Machine::index_many(Value* target, Value* holder, Value* window, int count, ResultUse use) {
-    Value value = element_of(referred(*holder), {window, static_cast<std::size_t>(count)});
+    const std::span<Value> indexes(window, static_cast<std::size_t>(count));
+    const Value* const element = plain_element(referred(*holder), indexes);
+    if (element != nullptr && !element->is_heavy() && !target->is_heavy()) {
+        target->copy_light(*element);
+        consume(holder);
+        return;
+    }
+    Value value = element_of(referred(*holder), indexes);
     release_registers(window, window + count);
     consume(holder);
     put_result(target, std::move(value), use);
@@ -108,9 +123,19 @@ void Machine::let_element(Value* holder, Value* place, Value* source, Access acc
 }
 
 void Machine::let_element_many(Value* holder, Value* window, int count, Access access) {
+    const std::span<Value> indexes(window, static_cast<std::size_t>(count));
+    Value& target = referred(*holder);
+    const bool is_light = access == Access::Let && !window[count].is_heavy();
+    if (is_light && target.is(Type::Array) && !target.array().is_held_twice()) {
+        Value* const element = plain_element(target, indexes);
+        if (element != nullptr && !element->is_heavy()) {
+            element->copy_light(window[count]);
+            consume(holder);
+            return;
+        }
+    }
     Value value = std::move(window[count]);
-    set_element_of(referred(*holder), {window, static_cast<std::size_t>(count)}, std::move(value),
-                   access);
+    set_element_of(target, indexes, std::move(value), access);
     release_registers(window, window + count);
     consume(holder);
 }

@@ -38,6 +38,7 @@ Engine::Engine(EngineHost& host) : host_(host), parts_(std::make_unique<Parts>(*
 Engine::~Engine() {
     parts_->symbols.release_variables();
     parts_->machine.end();
+    parts_->symbols.release_objects();
     parts_->symbols.release_code();
 }
 

@@ -35,7 +35,6 @@ constexpr auto kNamed = std::to_array<ErrorNumber>({
     ErrorNumber::PropertyOrMethodNotSupported,
     ErrorNumber::WrongNumberOfArguments,
     ErrorNumber::ClassNotDefined,
-    ErrorNumber::ObjectNotACollection,
 });
 
 bool is_named(const ScriptError& error) noexcept {
@@ -109,6 +108,10 @@ void Machine::recover(ScriptError error, const Frame* entry) {
     error_->set(error);
     if (!is_handled) throw error;
     release_registers(handler->base + handler->code->local_count, handler->end);
+    if (handler->code->is_outside) {
+        const std::span<Value> own = handler->code->own_temporaries();
+        release_registers(own.data(), own.data() + own.size());
+    }
     const Code& code = *handler->code;
     const auto place = place_of(code, instruction_of(*handler));
     const auto next = place + 1;

@@ -130,6 +130,7 @@ Ref<Code> Machine::compile_inside(const std::shared_ptr<const Program>& program,
     unit.symbols = &symbols_;
     unit.module = around.code->module;
     unit.owner = around.code->owner;
+    unit.around = around.code->procedure;
     unit.option_explicit = program->option_explicit() || around.code->option_explicit;
     unit.is_variable_around = [&around](NameId name) {
         return around.code->register_names.contains(name) ||

@@ -74,21 +74,21 @@ namespace vbscript::fast {
 [[nodiscard]] inline bool put_whole(Value& target, Type type, std::int32_t number) noexcept {
     if (target.is_heavy()) [[unlikely]]
         return false;
-    target.set_number(type == Type::Integer && !fits_integer(number) ? Type::Long : type, number);
+    target.set_light(type == Type::Integer && !fits_integer(number) ? Type::Long : type, number);
     return true;
 }
 
 [[nodiscard]] inline bool put_real(Value& target, double number) noexcept {
     if (target.is_heavy() || !std::isfinite(number)) [[unlikely]]
         return false;
-    target.set_real(Type::Double, number);
+    target.set_light(Type::Double, number);
     return true;
 }
 
 [[nodiscard]] inline bool put_boolean(Value& target, bool truth) noexcept {
     if (target.is_heavy()) [[unlikely]]
         return false;
-    target.set_number(Type::Boolean, truth ? -1 : 0);
+    target.set_light(Type::Boolean, truth ? -1 : 0);
     return true;
 }
 
@@ -178,13 +178,13 @@ template <typename Operation>
 template <typename Operation>
 [[nodiscard]] inline bool combine(Value& target, const Value& left, const Value& right) noexcept {
     if (!are_bits(left, right) || target.is_heavy()) return false;
-    target.set_number(left.type(), Operation()(left.number(), right.number()));
+    target.set_light(left.type(), Operation()(left.number(), right.number()));
     return true;
 }
 
 [[nodiscard]] inline bool invert(Value& target, const Value& operand) noexcept {
     if (!are_bits(operand, operand) || target.is_heavy()) return false;
-    target.set_number(operand.type(), ~operand.number());
+    target.set_light(operand.type(), ~operand.number());
     return true;
 }
 
@@ -219,12 +219,6 @@ template <Comparison comparison>
         result = holds<comparison>(first, second);
         return true;
     }
-    constexpr bool kIsEquality =
-        comparison == Comparison::Equal || comparison == Comparison::NotEqual;
-    if (kIsEquality && left.is(Type::String) && right.is(Type::String)) {
-        result = holds<comparison>(left.units(), right.units());
-        return true;
-    }
     return false;
 }
 
@@ -244,7 +238,7 @@ template <Comparison comparison>
 [[nodiscard]] inline bool count_up(Value& counter, const Value& limit) noexcept {
     if (!are_whole(counter, limit) || counter.number() >= limit.number()) return false;
     const std::int32_t next = counter.number() + 1;
-    counter.set_number(fits_integer(next) ? counter.type() : Type::Long, next);
+    counter.set_light(fits_integer(next) ? counter.type() : Type::Long, next);
     return true;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -16,17 +17,20 @@ namespace vbscript {
 // A temporary register that is read as `v` is left without a text, object or array; a window is
 // left so by the call that takes it. An instruction that writes a place writes through a reference
 // that stands there, except where it is told otherwise.
-#define VBSCRIPT_COMPARISONS(X, prefix, suffix, fields) \
-    X(prefix##Equal##suffix, fields)                    \
-    X(prefix##NotEqual##suffix, fields)                 \
-    X(prefix##Less##suffix, fields)                     \
-    X(prefix##LessOrEqual##suffix, fields)              \
-    X(prefix##Greater##suffix, fields)                  \
-    X(prefix##GreaterOrEqual##suffix, fields)
+//
+// Y stands for two instructions, one of them for operands that are all near: `AddNear` behind
+// `Add`.
+#define VBSCRIPT_COMPARISONS(Y, prefix, suffix, fields) \
+    Y(prefix##Equal##suffix, fields)                    \
+    Y(prefix##NotEqual##suffix, fields)                 \
+    Y(prefix##Less##suffix, fields)                     \
+    Y(prefix##LessOrEqual##suffix, fields)              \
+    Y(prefix##Greater##suffix, fields)                  \
+    Y(prefix##GreaterOrEqual##suffix, fields)
 
-#define VBSCRIPT_INSTRUCTIONS(X)                                                                   \
-    X(Move, "vv-")           /* a := b, as it is */                                                \
-    X(Let, "vv-")            /* a := b; an object stands for its value, a fixed array is copied */ \
+#define VBSCRIPT_INSTRUCTIONS(X, Y)                                                                \
+    Y(Move, "vv-")           /* a := b, as it is */                                                \
+    Y(Let, "vv-")            /* a := b; an object stands for its value, a fixed array is copied */ \
     X(Set, "vv-")            /* a := b, which must be an object */                                 \
     X(LoadField, "vn-")      /* a := field b of Me */                                              \
     X(LetField, "nv-")       /* field a of Me := b, as Let */                                      \
@@ -38,12 +42,12 @@ namespace vbscript {
                              b is no array */                                                      \
     X(Unlock, "w--")      /* ends the locks that stand in registers */                             \
     X(Clear, "w--")       /* makes registers Empty */                                              \
-    X(Add, "vvv")         /* a := b + c */                                                         \
-    X(Subtract, "vvv")                                                                             \
-    X(Multiply, "vvv")                                                                             \
-    X(Divide, "vvv")                                                                               \
-    X(DivideWhole, "vvv")                                                                          \
-    X(Remainder, "vvv")                                                                            \
+    Y(Add, "vvv")         /* a := b + c */                                                         \
+    Y(Subtract, "vvv")                                                                             \
+    Y(Multiply, "vvv")                                                                             \
+    Y(Divide, "vvv")                                                                               \
+    Y(DivideWhole, "vvv")                                                                          \
+    Y(Remainder, "vvv")                                                                            \
     X(Power, "vvv")                                                                                \
     X(Concatenate, "vvv")                                                                          \
     X(And, "vvv")                                                                                  \
@@ -51,8 +55,8 @@ namespace vbscript {
     X(Xor, "vvv")                                                                                  \
     X(Eqv, "vvv")                                                                                  \
     X(Imp, "vvv")                                                                                  \
-    X(AddNumber, "vv-") /* a := b + extra */                                                       \
-    X(SubtractNumber, "vv-")                                                                       \
+    Y(AddNumber, "vv-") /* a := b + extra */                                                       \
+    Y(SubtractNumber, "vv-")                                                                       \
     X(Negate, "vv-")                                                                               \
     X(Plus, "vv-")                                                                                 \
     X(Not, "vv-")                                                                                  \
@@ -60,22 +64,22 @@ namespace vbscript {
     X(Append, "vv-") /* a := a & b */                                                              \
     X(AppendMany, "vw-")                                                                           \
     X(Is, "vvv")                                                                                   \
-    VBSCRIPT_COMPARISONS(X, Compare, , "vvv")      /* a := b = c */                                \
-    VBSCRIPT_COMPARISONS(X, JumpIf, , "vvj")       /* a = b: jump */                               \
-    VBSCRIPT_COMPARISONS(X, JumpUnless, , "vvj")   /* not (a = b), also for Null: jump */          \
-    VBSCRIPT_COMPARISONS(X, JumpIf, Number, "v-j") /* the same with `extra` for b */               \
-    VBSCRIPT_COMPARISONS(X, JumpUnless, Number, "v-j")                                             \
+    VBSCRIPT_COMPARISONS(Y, Compare, , "vvv")      /* a := b = c */                                \
+    VBSCRIPT_COMPARISONS(Y, JumpIf, , "vvj")       /* a = b: jump */                               \
+    VBSCRIPT_COMPARISONS(Y, JumpUnless, , "vvj")   /* not (a = b), also for Null: jump */          \
+    VBSCRIPT_COMPARISONS(Y, JumpIf, Number, "v-j") /* the same with `extra` for b */               \
+    VBSCRIPT_COMPARISONS(Y, JumpUnless, Number, "v-j")                                             \
     X(Jump, "--j")                                                                                 \
     X(JumpIf, "v-j")     /* a is true */                                                           \
     X(JumpUnless, "v-j") /* a is false or Null */                                                  \
     X(ForStart, "vwj")   /* counter a; b holds limit, step and start; jump past the loop */        \
     X(ForNext, "vwj")    /* jump back to the body */                                               \
-    X(ForNextOne, "vwj") /* the same with step 1 */                                                \
+    Y(ForNextOne, "vwj") /* the same with step 1 */                                                \
     X(EachStart, "vv-")  /* a becomes the state of a walk over b */                                \
     X(EachNext, "vvj")   /* a := the next element of walk b, jump back to the body */              \
-    X(Index, "vvv")      /* a := b(c) */                                                           \
+    Y(Index, "vvv")      /* a := b(c) */                                                           \
     X(IndexMany, "vvw")  /* a := b(c...); b may be called as a default member */                   \
-    X(LetElement, "vvv") /* a(b) := c */                                                           \
+    Y(LetElement, "vvv") /* a(b) := c */                                                           \
     X(SetElement, "vvv")                                                                           \
     X(LetElementMany, "vw-") /* a(b...) := the value behind the indexes */                         \
     X(SetElementMany, "vw-")                                                                       \
@@ -104,13 +108,34 @@ namespace vbscript {
 
 enum class Op : std::uint16_t {
 #define VBSCRIPT_OP(name, fields) name,
-    VBSCRIPT_INSTRUCTIONS(VBSCRIPT_OP)
+#define VBSCRIPT_OPS(name, fields) name, name##Near,
+    VBSCRIPT_INSTRUCTIONS(VBSCRIPT_OP, VBSCRIPT_OPS)
 #undef VBSCRIPT_OP
+#undef VBSCRIPT_OPS
 };
 
+struct OpRow {
+    std::string_view name;
+    std::string_view fields;
+    bool has_near_form = false;
+};
+
+// By Op.
+inline constexpr OpRow kOpRows[] = {
+#define VBSCRIPT_ROW(name, fields) {#name, fields},
+#define VBSCRIPT_ROWS(name, fields) {#name, fields, true}, {#name "Near", fields},
+    VBSCRIPT_INSTRUCTIONS(VBSCRIPT_ROW, VBSCRIPT_ROWS)
+#undef VBSCRIPT_ROW
+#undef VBSCRIPT_ROWS
+};
+
+[[nodiscard]] constexpr const OpRow& row_of(Op op) noexcept {
+    return kOpRows[static_cast<std::size_t>(op)];
+}
+
 // One instruction. A place is a distance in bytes from one of two bases: from 0 up it is near, in
-// the registers of a procedure or among the globals of code that stands outside of procedures;
-// below 0 it is far, the other way round: globals and constants, or the outside code's registers.
+// the registers of a procedure, or, for code outside of procedures, among globals and constants;
+// below 0 it is far, the other way round.
 struct alignas(16) Instruction {
     Op op = Op::ReturnNothing;
     std::int16_t extra = 0;

@@ -89,8 +89,10 @@ class Machine {
     void grow_stack(Value* end, const Frame* frame);
     void settle_values(const Code& code, Value* base);
     void leave() noexcept;
+    Frame* leave_quickly(Frame* frame) noexcept;
     void abandon() noexcept;
     void start_clock();
+    void release_own(Frame* frame) noexcept;
     void release_registers(Value* from, Value* to) noexcept;
     void execute_frames(Frame* entry);
     [[nodiscard]] Code& code_of(Procedure& procedure);
@@ -98,8 +100,18 @@ class Machine {
 
     // Places
     [[nodiscard]] Value* at(const Frame* frame, std::int32_t place) const noexcept;
-    [[nodiscard]] bool is_temporary(const Value* place) const noexcept;
-    void consume(Value* place) noexcept;
+
+    [[nodiscard]] bool is_temporary(const Value* place) const noexcept {
+        const Code& code = *top_->code;
+        return (place >= top_->base + code.local_count && place < top_->end) ||
+               code.is_own_temporary(place);
+    }
+
+    // What a reader of a temporary leaves behind: nothing that it would keep alive.
+    void consume(Value* place) noexcept {
+        if (place->is_heavy() && is_temporary(place)) release_registers(place, place + 1);
+    }
+
     [[nodiscard]] Value taken(Value* place);
     void put(Value* place, Value value) noexcept;
     void put_result(Value* place, Value value, ResultUse use);
@@ -155,6 +167,7 @@ class Machine {
     void let_element_many(Value* holder, Value* window, int count, Access access);
     [[nodiscard]] Value* find_element(Value& array, std::span<const Value> indexes);
     [[nodiscard]] static Value object_form(Value value);
+    [[nodiscard]] Value* plain_element(const Value& holder, std::span<const Value> indexes);
     void redim(Value* target, Value* window, int count, bool preserve);
     void erase(Value* target);
     void make_array(Value* target, const std::vector<std::int32_t>& bounds);

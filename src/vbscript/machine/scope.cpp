@@ -158,6 +158,8 @@ Binding Scope::add_capture(NameId id) {
     const std::uint32_t number = builder_.new_local();
     builder_.code().captures.push_back({id, number});
     Local local{variable_at(CodeBuilder::local(number), true), number, true};
+    const Procedure* const around = context_.around;
+    local.binding.is_result = around != nullptr && around->name == id && around->has_result();
     return locals_.insert_or_assign(id, std::move(local)).first->second.binding;
 }
 

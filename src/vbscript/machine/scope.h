@@ -49,6 +49,7 @@ struct UnitContext {
 
     // For code inside of a running procedure: whether a name is one of its variables.
     std::function<bool(NameId)> is_variable_around;
+    Procedure* around = nullptr;
 };
 
 // The names that one unit of code sees: its own, those of its class, its module, the global module,

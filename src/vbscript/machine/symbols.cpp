@@ -170,7 +170,7 @@ const Value* Symbols::find_constant(NameId name) const noexcept {
 }
 
 void Symbols::watch(NameId name, Procedure& procedure) {
-    watchers_[name].push_back(&procedure);
+    watchers_[name].insert(&procedure);
 }
 
 void Symbols::changed(NameId name) {
@@ -197,10 +197,15 @@ void Symbols::release_variables() noexcept {
             if (const auto* variable = std::get_if<ModuleVariable>(name)) release(variable->slot);
         }
     }
-    for (const std::uint32_t slot : orphans_)
+    for (const std::uint32_t slot : orphans_) {
         release(slot);
-    for (const NamedObject& row : objects_)
-        release(row.slot);
+    }
+}
+
+void Symbols::release_objects() noexcept {
+    for (const NamedObject& row : objects_) {
+        arena_.at(row.slot) = Value();
+    }
 }
 
 void Symbols::release_code() noexcept {

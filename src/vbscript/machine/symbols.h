@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "vbscript/machine/module.h"
@@ -83,6 +84,9 @@ class Symbols {
     // Ends the values of all global variables, in the order of their definition. Script may run.
     void release_variables() noexcept;
 
+    // Lets go of the program's objects.
+    void release_objects() noexcept;
+
     // Ends procedures, classes and code.
     void release_code() noexcept;
 
@@ -99,7 +103,7 @@ class Symbols {
     std::vector<NamedObject> objects_;
     std::unordered_map<NameId, const LibraryFunction*> functions_;
     std::unordered_map<NameId, const Value*> constants_;
-    std::unordered_map<NameId, std::vector<Procedure*>> watchers_;
+    std::unordered_map<NameId, std::unordered_set<Procedure*>> watchers_;
     std::vector<Ref<Code>> retired_;
 
     // All that was ever defined, since code that runs may refer to it.

@@ -94,6 +94,27 @@ void Array::erase() {
     elements_.swap(elements);
 }
 
+void Array::last_reference_gone() noexcept {
+    struct Level {
+        std::vector<Value> elements;
+        std::size_t next = 0;
+    };
+
+    std::vector<Level> levels;
+    levels.push_back({std::move(elements_)});
+    delete this;
+    while (!levels.empty()) {
+        Level& level = levels.back();
+        if (level.next == level.elements.size()) {
+            levels.pop_back();
+            continue;
+        }
+        Value element = std::move(level.elements[level.next++]);
+        if (!element.is(Type::Array) || element.array().is_shared()) continue;
+        levels.push_back({std::move(element.array().elements_)});
+    }
+}
+
 Ref<Array> Array::copy() const {
     auto result = make<Array>();
     result->upper_bounds_ = upper_bounds_;

@@ -72,6 +72,10 @@ class Array final : public Counted {
     // A deep copy as an assignment makes it: dynamic, whatever the source was.
     [[nodiscard]] Ref<Array> copy() const;
 
+  protected:
+    // Arrays in arrays end one after the other, not one inside of the other, however deep they are.
+    void last_reference_gone() noexcept override;
+
   private:
     std::vector<std::int32_t> upper_bounds_;
     std::vector<Value> elements_;

@@ -188,6 +188,17 @@ class Value {
         content_ = other.content_;
     }
 
+    // A number in place of a number. Requires: the value is not heavy.
+    void set_light(Type type, std::int32_t number) noexcept {
+        type_ = type;
+        content_.whole = number;
+    }
+
+    void set_light(Type type, double real) noexcept {
+        type_ = type;
+        content_.real = real;
+    }
+
     // Numbers in place, without an allocation.
     void set_number(Type type, std::int32_t number) noexcept {
         if (is_counted()) release();
