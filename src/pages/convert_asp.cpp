@@ -29,7 +29,7 @@ std::string ConvertASP::ASPSlide(const std::shared_ptr<automation::Object>& requ
         if (isNewASPFile(page)) {
             ASPAdd(page, seconds);
         }
-        const std::string text = run_page(asp_function_name(page));
+        std::string text = run_page(asp_function_name(page));
         if (instance_.log.DebugLog()) {
             DumpStringToFile(instance_, "VeloraSlideshowHTML", text);
         }

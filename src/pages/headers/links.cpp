@@ -67,7 +67,7 @@ std::string optional_page_part(HostPage& page, std::string_view stem) {
 std::string LinkFile(HostPage& page) {
     return guarded(page.log(), "LinkFile: ", [&] {
         if (automation::equals_ignoring_case(page.SecurityMode, "ENHANCED")) {
-            const std::string of_level =
+            std::string of_level =
                 FileContents(page, part_file(page, "links" + std::to_string(page.SecureLevel)));
             if (of_level != kNoFile) {
                 return of_level;

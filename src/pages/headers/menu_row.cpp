@@ -82,7 +82,7 @@ std::string around_own_entry(const HostPage& page, const OwnEntry& own, std::str
     for (const std::string& condition :
          {"MenuID = " + number_of(own.parent), "ParentID = " + number_of(own.id)}) {
         if (const auto items = select_items(page, condition); !items.empty()) {
-            rows += "</tr><tr>" + item_row(items, kind);
+            rows.append("</tr><tr>").append(item_row(items, kind));
         }
     }
     return rows;
@@ -96,8 +96,8 @@ std::string weather_alerts(const HostPage& page) {
     }
     std::string cells;
     for (const std::string& id : automation::split(ids, ',')) {
-        cells +=
-            "<td><a href=\"/weather_alert.asp?id=" + id + "\">Weather Alert " + id + "</a></td>";
+        cells.append("<td><a href=\"/weather_alert.asp?id=").append(id);
+        cells.append("\">Weather Alert ").append(id).append("</a></td>");
     }
     return cells;
 }

@@ -76,6 +76,7 @@ std::string PageScroll(HostPage& page) {
 std::string PageScrollWeatherman(HostPage& page) {
     return guarded(page.log(), "PageScrollWeatherman: ", [&] {
         std::vector<std::string> texts;
+        texts.reserve(kWeather.size());
         for (const WeatherLine& line : kWeather) {
             texts.push_back(weather_text(page, line));
         }
