@@ -59,19 +59,26 @@ std::shared_ptr<host::Device> HostDevices::device_with(std::string_view code) {
     return ref == host::kNoDevice ? nullptr : hsGetDevice(ref);
 }
 
-std::shared_ptr<host::Device> HostDevices::NewHSDevice(std::string_view name,
-                                                       std::string_view code) {
+std::shared_ptr<host::Device> HostDevices::NewHSDevice(std::string_view name, std::string_view code,
+                                                       const OwnedDevice& owned) {
     return automation::guarded(instance_.log, "NewHSDevice: ", [&] {
-        if (instance_.XapHosted) {
-            return hsGetDevice(hsNewDevice(name, code));
+        const bool code_at_birth = instance_.XapHosted;
+        std::shared_ptr<host::Device> device =
+            hsGetDevice(hsNewDevice(name, code_at_birth ? code : ""));
+        if (device == nullptr) {
+            return device;
         }
-        std::shared_ptr<host::Device> device = hsGetDevice(hsNewDevice(name, ""));
-        if (device != nullptr && !code.empty()) {
-            host::DeviceFields fields = device->fields();
+        host::DeviceFields fields = device->fields();
+        if (!code_at_birth && !code.empty()) {
             fields.hc = code.substr(0, 1);
             fields.dc = code.substr(1);
-            device->set_fields(fields);
         }
+        fields.location = owned.location;
+        fields.dev_type_string = "Velora";
+        fields.interface_name = kPluginName;
+        fields.misc = owned.misc;
+        fields.iotype = owned.iotype;
+        device->set_fields(fields);
         return device;
     });
 }
@@ -131,17 +138,7 @@ bool HostDevices::make_own_device(std::string_view name, std::string_view code, 
     if (hsDeviceExists(code) != host::kNoDevice) {
         return false;
     }
-    const std::shared_ptr<host::Device> device = NewHSDevice(name, code);
-    if (device == nullptr) {
-        return false;
-    }
-    host::DeviceFields fields = device->fields();
-    fields.location = "Velora";
-    fields.dev_type_string = "Velora";
-    fields.interface_name = kPluginName;
-    fields.misc = misc;
-    device->set_fields(fields);
-    return true;
+    return NewHSDevice(name, code, {.location = "Velora", .misc = misc}) != nullptr;
 }
 
 void HostDevices::NewDevice(std::string_view code) {

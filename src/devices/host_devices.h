@@ -12,6 +12,13 @@ namespace devices {
 
 class StatusBoard;
 
+// What a device of the plug-in is told besides its name and code.
+struct OwnedDevice {
+    std::string_view location;
+    std::int32_t misc = 0;
+    std::int32_t iotype = 0;
+};
+
 // The way to the host's devices for both of its generations, and the devices that the plug-in
 // keeps there. Owned by the plug-in's entry class.
 class HostDevices {
@@ -28,8 +35,10 @@ class HostDevices {
     // The device with this code, none when absent.
     [[nodiscard]] std::shared_ptr<host::Device> device_with(std::string_view code);
 
-    // Makes a device with this code and gives it; none when the host refuses.
-    std::shared_ptr<host::Device> NewHSDevice(std::string_view name, std::string_view code);
+    // Makes a device of the plug-in with this code and gives it; none when the host refuses. Code
+    // and owner reach the host in one write, so that a kill never leaves a code without an owner.
+    std::shared_ptr<host::Device> NewHSDevice(std::string_view name, std::string_view code,
+                                              const OwnedDevice& owned);
 
     // Finds the plug-in's house code among the host's devices, or takes a free one, makes its
     // first device and stores the code. Sets `HouseCode` of the instance.

@@ -123,16 +123,11 @@ void HostDevices::make_unit_device(std::string_view code, SubDevice sub_device,
                 (instance_.settings.StatusOnly ? kNoButtons : 0);
     } else {
         const SubDeviceRow& row = kSubDevices[static_cast<std::size_t>(sub_device)];
-        device = NewHSDevice("Velora " + std::string(row.name), code);
+        device = NewHSDevice("Velora " + std::string(row.name), code,
+                             {.location = location, .iotype = kTypeWithControls});
         if (device == nullptr) {
             return;
         }
-        host::DeviceFields fields = device->fields();
-        fields.location = location;
-        fields.dev_type_string = "Velora";
-        fields.interface_name = kPluginName;
-        fields.iotype = kTypeWithControls;
-        device->set_fields(fields);
         instance_.log.debug([&] { return "MakeDevice Created for " + std::string(location); });
     }
     write_unit_device(*device, sub_device, location, flags);

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "devices/devices_house.h"
+#include "home/device_store.h"
 
 namespace devices {
 namespace {
@@ -89,6 +90,56 @@ TEST(UnitDevices, AreTenWithCodeNameAndOwner) {
         }
         EXPECT_EQ(house.host.DeviceCount(), 11);
     }
+}
+
+// Looks at each state in which a kill could leave the devices on disk.
+class DisksOfKilledHosts final : public home::DeviceStore {
+  public:
+    [[nodiscard]] home::StoredDevices load() override { return {}; }
+
+    void add(const home::DeviceRecord& record) override { look_at(record.fields); }
+
+    void save_fields(host::DeviceRef /*ref*/, const host::DeviceFields& fields) override {
+        look_at(fields);
+    }
+
+    void save_text(host::DeviceRef /*ref*/, std::string_view /*text*/) override {}
+
+    void save_state(host::DeviceRef /*ref*/, const home::DeviceState& /*state*/) override {}
+
+    void remove(host::DeviceRef /*ref*/) override {}
+
+    [[nodiscard]] int writes() const { return writes_; }
+
+  private:
+    void look_at(const host::DeviceFields& fields) {
+        ++writes_;
+        if (!fields.hc.empty()) {
+            EXPECT_EQ(fields.interface_name, "zynVelora") << fields.name;
+            EXPECT_NE(fields.location, "") << fields.name;
+        }
+    }
+
+    int writes_ = 0;
+};
+
+// A device that has its code is taken for finished at the next start.
+TEST(UnitDevices, NeverHaveACodeWithoutOwnerAndPlace) {
+    support::FakeMachine machine;
+    DisksOfKilledHosts disk;
+    support::MemoryHost host(disk);
+    core::Instance instance(machine.platform());
+    instance.attach(host, &host);
+    instance.HostIsV2 = true;
+    StatusBoard board(instance);
+    HostDevices devices(instance, board);
+
+    devices.make_unit_device("[11", SubDevice::Display, "hall");
+    devices.CIDDevice("[91");
+    devices.NewDevice("[99");
+
+    EXPECT_GE(disk.writes(), 6);
+    EXPECT_EQ(host.device("[11").fields.location, "hall");
 }
 
 TEST(UnitDevices, TakeValuesFromTheirOwnRow) {

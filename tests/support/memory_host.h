@@ -24,6 +24,10 @@ namespace support {
 class MemoryHost final : public host::HostInterface, public host::CallbackObject {
   public:
     MemoryHost() = default;
+
+    // With devices that go to a store. The store outlives the host.
+    explicit MemoryHost(home::DeviceStore& store) : devices_(store) {}
+
     MemoryHost(const MemoryHost&) = delete;
     MemoryHost& operator=(const MemoryHost&) = delete;
 
