@@ -102,7 +102,7 @@ void run_script(const Options& options) {
     } catch (const vbscript::ScriptQuit& quit) {
         throw ExitCode{quit.exit_code};
     } catch (const vbscript::ScriptError& error) {
-        fail_at(file, error.line, error.column, error.source, error.description);
+        fail_at(file, error.line, error.column, error.source, error.message());
     } catch (const vbscript::SyntaxError& error) {
         fail_at(file, error.line(), error.column(), u"Microsoft VBScript compilation error",
                 error.description());

@@ -115,7 +115,7 @@ Lines printed_lines(const std::string& source) {
     } catch (const SyntaxError& error) {
         lines.push_back(error_line(static_cast<std::int32_t>(error.number()), error.description()));
     } catch (const ScriptError& error) {
-        lines.push_back(error_line(error.number, error.description));
+        lines.push_back(error_line(error.number, error.message()));
     }
     return lines;
 }

@@ -21,7 +21,7 @@ using automation::utf16_to_code_page;
 host::ScriptFailure failure_of(const ScriptError& error) {
     return {.Number = error.number,
             .Source = utf16_to_code_page(error.source),
-            .Description = utf16_to_code_page(error.description),
+            .Description = utf16_to_code_page(error.message()),
             .Text = utf16_to_code_page(error.source_line),
             .Line = error.line,
             .Column = error.column};

@@ -38,21 +38,44 @@ void Machine::operate_number(Operator operation, Value* target, Value* left, std
     put(target, std::move(result));
 }
 
+Value Machine::compared(Comparison comparison, const Value* left, const Value* right) {
+    const Code& code = *top_->code;
+    const bool is_left = code.is_literal(left);
+    const bool is_right = code.is_literal(right);
+    const Value& first = referred(*left);
+    const Value& second = referred(*right);
+    if (!is_left && !is_right) return compare(context_, comparison, first, second);
+    const Literals literals = is_left && is_right ? Literals::Both
+                              : is_left           ? Literals::Left
+                                                  : Literals::Right;
+    return compare_with_literals(context_, comparison, first, second, literals);
+}
+
 bool Machine::holds(Comparison comparison, Value* left, Value* right) {
-    const Value result = compare(context_, comparison, referred(*left), referred(*right));
+    const Value result = compared(comparison, left, right);
     consume(left);
     consume(right);
     return result.is(Type::Boolean) && result.boolean();
 }
 
+bool Machine::is_case(Value* subject, Value* candidate) {
+    const Value result =
+        compare(context_, Comparison::Equal, referred(*subject), referred(*candidate));
+    consume(subject);
+    consume(candidate);
+    return result.is(Type::Boolean) && result.boolean();
+}
+
 bool Machine::holds_number(Comparison comparison, Value* left, std::int16_t number) {
-    const Value result = compare(context_, comparison, referred(*left), Value(number));
+    const Literals literals = top_->code->is_literal(left) ? Literals::Both : Literals::Right;
+    const Value result =
+        compare_with_literals(context_, comparison, referred(*left), Value(number), literals);
     consume(left);
     return result.is(Type::Boolean) && result.boolean();
 }
 
 void Machine::compare_into(Comparison comparison, Value* target, Value* left, Value* right) {
-    Value result = compare(context_, comparison, referred(*left), referred(*right));
+    Value result = compared(comparison, left, right);
     consume(left);
     consume(right);
     put(target, std::move(result));

@@ -21,6 +21,13 @@ void Code::allocate_own(std::uint32_t locals, std::uint32_t temporaries) {
     own_end_ = own_temporaries_ + temporaries;
 }
 
+bool Code::is_literal(const Value* place) const noexcept {
+    const Value* const first = arena_.begin() + first_constant_;
+    if (place < first || place >= first + constant_count_) return false;
+    return place->is(Type::String) || place->is(Type::Integer) || place->is(Type::Long) ||
+           place->is(Type::Double);
+}
+
 std::span<Value> Code::own() noexcept {
     return {arena_.begin() + first_own_, own_count_};
 }

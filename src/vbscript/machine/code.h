@@ -67,6 +67,9 @@ class Code final : public Counted {
 
     [[nodiscard]] std::uint32_t constant_count() const noexcept { return constant_count_; }
 
+    // Whether a place of an instruction is one of the numbers and texts that stand in the source.
+    [[nodiscard]] bool is_literal(const Value* place) const noexcept;
+
     // Locals and temporaries of code outside of procedures.
     void allocate_own(std::uint32_t locals, std::uint32_t temporaries);
 

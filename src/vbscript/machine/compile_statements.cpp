@@ -130,11 +130,7 @@ void Compiler::compile_select(const ast::SelectCase& node) {
         const Label next = builder_.new_label();
         builder_.begin_statement(branch.position);
         for (const ast::Expression* candidate : branch.values) {
-            if (const auto number = small_number(*candidate)) {
-                builder_.jump(Op::JumpIfEqualNumber, body, place.field, 0, *number);
-            } else {
-                builder_.jump(Op::JumpIfEqual, body, place.field, value(*candidate).field);
-            }
+            builder_.jump(Op::JumpIfCase, body, place.field, value(*candidate).field);
             builder_.release_to(height);
         }
         builder_.jump(Op::Jump, next);

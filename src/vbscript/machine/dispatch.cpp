@@ -379,6 +379,16 @@ void Machine::execute_frames(Frame* const entry) {
 #undef JUMP_ON_TWO
 #undef COMPARE
 
+            CASE(JumpIfCase) {
+                Value* const subject = A;
+                Value* const candidate = B;
+                bool truth = false;
+                if (!fast::compare<kEqual>(*subject, *candidate, truth)) [[unlikely]] {
+                    truth = is_case(subject, candidate);
+                }
+                if (truth) JUMP;
+                NEXT;
+            }
             CASE(Jump) {
                 JUMP;
             }

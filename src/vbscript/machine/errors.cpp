@@ -20,7 +20,7 @@ std::uint32_t instruction_of(const Frame& frame) noexcept {
 }
 
 bool is_bare(const ScriptError& error) noexcept {
-    return error.description == error_text(error.number);
+    return error.subject.empty() && error.description == error_text(error.number);
 }
 
 // Errors that tell what they are about.
@@ -69,7 +69,7 @@ bool Machine::is_raised() const noexcept {
     return site.identity == error_->class_identity();
 }
 
-// Adds what the error is about, in the words of the source: "Type mismatch: 'x'".
+// Adds what the error is about, in the words of the source: the x of "Type mismatch: 'x'".
 void Machine::describe(ScriptError& error) const {
     if (!is_bare(error) || !is_named(error) || is_raised()) return;
     const Code::Subject* const about = subject();
@@ -80,7 +80,7 @@ void Machine::describe(ScriptError& error) const {
                    ? text_of_object(*about->expression)
                    : text_of(*about->expression);
     }
-    if (!text.empty()) error.description.append(u": '").append(text).append(u"'");
+    error.subject = std::move(text);
 }
 
 void Machine::locate(ScriptError& error) const {

@@ -69,6 +69,7 @@ namespace vbscript {
     VBSCRIPT_COMPARISONS(Y, JumpUnless, , "vvj")   /* not (a = b), also for Null: jump */          \
     VBSCRIPT_COMPARISONS(Y, JumpIf, Number, "v-j") /* the same with `extra` for b */               \
     VBSCRIPT_COMPARISONS(Y, JumpUnless, Number, "v-j")                                             \
+    X(JumpIfCase, "vvj") /* a = b, a literal being like any other value: jump */                   \
     X(Jump, "--j")                                                                                 \
     X(JumpIf, "v-j")     /* a is true */                                                           \
     X(JumpUnless, "v-j") /* a is false or Null */                                                  \

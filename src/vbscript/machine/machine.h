@@ -141,7 +141,9 @@ class Machine {
     void operate(Operator operation, Value* target, Value* left, Value* right);
     void operate(UnaryOperator operation, Value* target, Value* operand);
     void operate_number(Operator operation, Value* target, Value* left, std::int16_t number);
+    [[nodiscard]] Value compared(Comparison comparison, const Value* left, const Value* right);
     [[nodiscard]] bool holds(Comparison comparison, Value* left, Value* right);
+    [[nodiscard]] bool is_case(Value* subject, Value* candidate);
     [[nodiscard]] bool holds_number(Comparison comparison, Value* left, std::int16_t number);
     void compare_into(Comparison comparison, Value* target, Value* left, Value* right);
     [[nodiscard]] bool is_true(Value* value);

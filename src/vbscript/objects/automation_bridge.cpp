@@ -36,7 +36,7 @@ ScriptError to_script_error(const automation::RunTimeError& error,
 }
 
 automation::RunTimeError to_run_time_error(const ScriptError& error) {
-    return {error.number, automation::utf16_to_code_page(error.description),
+    return {error.number, automation::utf16_to_code_page(error.message()),
             automation::utf16_to_code_page(error.source)};
 }
 

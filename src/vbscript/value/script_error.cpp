@@ -95,11 +95,17 @@ ScriptError::ScriptError(ErrorNumber wanted)
                   std::u16string(error_text(static_cast<std::int32_t>(wanted))),
                   std::u16string(kLanguage)) {}
 
-ScriptError::ScriptError(ErrorNumber wanted, std::u16string_view detail) : ScriptError(wanted) {
-    description.append(u": '").append(detail).append(u"'");
+ScriptError::ScriptError(ErrorNumber wanted, std::u16string_view what_about) : ScriptError(wanted) {
+    subject = what_about;
 }
 
 ScriptError::ScriptError(std::int32_t the_number, std::u16string text, std::u16string program)
     : number(the_number), description(std::move(text)), source(std::move(program)) {}
+
+std::u16string ScriptError::message() const {
+    std::u16string text = description;
+    if (!subject.empty()) text.append(u": '").append(subject).append(u"'");
+    return text;
+}
 
 }  // namespace vbscript

@@ -85,15 +85,19 @@ class ScriptError : public std::exception {
     // With the language's text and the name of the language as its source.
     explicit ScriptError(ErrorNumber number);
 
-    // With a detail behind the text, as in "Variable is undefined: 'x'".
-    ScriptError(ErrorNumber number, std::u16string_view detail);
+    // With what it is about, as in "Variable is undefined: 'x'".
+    ScriptError(ErrorNumber number, std::u16string_view subject);
 
     ScriptError(std::int32_t number, std::u16string description, std::u16string source);
 
     [[nodiscard]] const char* what() const noexcept override { return "script error"; }
 
+    // What a host is told of an error that nobody handled: "Variable is undefined: 'x'".
+    [[nodiscard]] std::u16string message() const;
+
     std::int32_t number = 0;
-    std::u16string description;
+    std::u16string description;  // what a script reads of it: "Variable is undefined"
+    std::u16string subject;      // "x", or ""
     std::u16string source;
     std::u16string help_file;
     std::int32_t help_context = 0;

@@ -132,7 +132,7 @@ class ScriptRun {
         try {
             action();
         } catch (const ScriptError& error) {
-            failure = "!" + std::to_string(error.number) + " " + to_utf8(error.description) + " @" +
+            failure = "!" + std::to_string(error.number) + " " + to_utf8(error.message()) + " @" +
                       std::to_string(error.line);
         } catch (const SyntaxError& error) {
             failure = "!syntax " + std::to_string(static_cast<int>(error.number()));
