@@ -6,16 +6,21 @@ find_package(Threads REQUIRED)
 add_library(zyn_options INTERFACE)
 target_include_directories(zyn_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
 target_compile_options(zyn_options INTERFACE
-    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror -fpch-preprocess)
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     # GCC 12 sees an overlap in `"text" + string` where there is none (its bug 105651).
-    target_compile_options(zyn_options INTERFACE -Wno-restrict)
+    target_compile_options(zyn_options INTERFACE -fpch-preprocess -Wno-restrict)
 endif()
 target_link_libraries(zyn_options INTERFACE Threads::Threads)
 if(ZYN_SANITIZE)
     target_compile_options(zyn_options INTERFACE
         -fsanitize=${ZYN_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(zyn_options INTERFACE -fsanitize=${ZYN_SANITIZE})
+endif()
+if(ZYN_FUZZ)
+    target_compile_options(zyn_options INTERFACE -fsanitize=fuzzer-no-link)
+    target_include_directories(zyn_options SYSTEM BEFORE INTERFACE
+        ${PROJECT_SOURCE_DIR}/scripts/lint-include)
 endif()
 
 # zyn_room(name SOURCES file... LINKS target... PRIVATE_LINKS target... PRECOMPILE header...)

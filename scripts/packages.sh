@@ -7,7 +7,7 @@ ZYN_PACKAGES=(
     libboost1.81-dev libboost-system1.81-dev
     libcurl4-openssl-dev libgumbo-dev
     libespeak-ng-dev libespeak-ng1 espeak-ng-data libgd-dev libgd3
-    libpcre2-dev libsqlite3-dev libsimpleini-dev libcli11-dev nlohmann-json3-dev
+    libpcre2-dev libsqlite3-dev zlib1g-dev libsimpleini-dev libcli11-dev nlohmann-json3-dev
     libgtest-dev libgmock-dev
 )
 
@@ -15,6 +15,12 @@ ZYN_PACKAGES=(
 # shellcheck disable=SC2034
 ZYN_CHECK_PACKAGES=(
     git clang-format clang-tidy shellcheck libbenchmark-dev curl lighttpd procps
+)
+
+# What ./fuzz.sh needs beside ZYN_PACKAGES.
+# shellcheck disable=SC2034
+ZYN_FUZZ_PACKAGES=(
+    clang-14 llvm-14 libclang-rt-14-dev
 )
 
 # Prints those of the named packages that are not installed, one a line.

@@ -63,50 +63,62 @@ void HTMLIncludes::HTMLBuild() {
 }
 
 void HTMLIncludes::AccumulateHTMLReferences(std::string_view file, host::ScriptControl& engine) {
-    load(file, engine, 0);
+    IncludeWalk walk;
+    load(file, engine, walk, 0);
 }
 
-void HTMLIncludes::load(std::string_view file, host::ScriptControl& engine, int depth) {
+void HTMLIncludes::load(std::string_view file, host::ScriptControl& engine, IncludeWalk& walk,
+                        int depth) {
     guarded(instance_.log, "AccumulateHTMLReferences: ", [&] {
-        check_include_depth(depth);
+        if (!walk.goes_on(depth)) {
+            return;
+        }
         const std::string path = include_path(core::html_root(instance_), file);
         host::Files& files = instance_.platform().files;
         if (!files.FileExists(path)) {
             return;
         }
-        engine.AddCode(
-            without_includes(as_code(files.read(path)), broken_include_rule(instance_),
-                             [&](std::string_view name) { include(name, engine, depth + 1); }));
+        engine.AddCode(without_includes(
+            as_code(files.read(path)), broken_include_rule(instance_),
+            [&](std::string_view name) { include(name, engine, walk, depth + 1); }));
     });
 }
 
 HTMLIncludes::Included HTMLIncludes::include(std::string_view name, host::ScriptControl& engine,
-                                             int depth) {
+                                             IncludeWalk& walk, int depth) {
     std::string file(name);
     std::ranges::replace(file, '/', '\\');
     if (in_str_any_case(1, file, kScripts) == 0) {
-        load(file, engine, depth);
+        load(file, engine, walk, depth);
         return Included::Page;
     }
     // A doubled backslash would make a share of what is left.
     file = automation::replace_all(replace_any_case(file, kScripts, ""), "\\\\", "\\");
-    AccumulateReferences(file, engine);
+    load_script(file, engine, walk, depth);
     return Included::Script;
 }
 
 void HTMLIncludes::AccumulateReferences(std::string_view file, host::ScriptControl& engine) {
+    IncludeWalk walk;
+    load_script(file, engine, walk, 0);
+}
+
+void HTMLIncludes::load_script(std::string_view file, host::ScriptControl& engine,
+                               IncludeWalk& walk, int depth) {
     read_script(
         instance_, "AccumulateReferences: ", file,
-        [&engine](const std::string& code, std::string_view /*of*/) { engine.AddCode(code); });
+        [&engine](const std::string& code, std::string_view /*of*/) { engine.AddCode(code); }, walk,
+        depth);
 }
 
 void HTMLIncludes::AccumulateHTMLString(std::string_view text, host::ScriptControl& engine) {
     constexpr std::string_view kWhere = "AccumulateHTMLString: ";
     std::string code(text);
     bool names_script = false;
+    IncludeWalk walk;
     guarded(instance_.log, kWhere, [&] {
         cut_includes(code, broken_include_rule(instance_), [&](std::string_view name) {
-            names_script = include(name, engine, 1) == Included::Script || names_script;
+            names_script = include(name, engine, walk, 1) == Included::Script || names_script;
         });
     });
     if (names_script) {

@@ -17,6 +17,7 @@ class ScriptControl;
 namespace pages {
 
 class HostPage;
+class IncludeWalk;
 class PageEngine;
 
 // Fills the page engine with library code, and resolves the includes of pages, which the language
@@ -62,8 +63,11 @@ class HTMLIncludes {
   private:
     enum class Included : std::uint8_t { Page, Script };
 
-    void load(std::string_view file, host::ScriptControl& engine, int depth);
-    Included include(std::string_view name, host::ScriptControl& engine, int depth);
+    void load(std::string_view file, host::ScriptControl& engine, IncludeWalk& walk, int depth);
+    void load_script(std::string_view file, host::ScriptControl& engine, IncludeWalk& walk,
+                     int depth);
+    Included include(std::string_view name, host::ScriptControl& engine, IncludeWalk& walk,
+                     int depth);
 
     core::Instance& instance_;
     PageEngine& pages_;

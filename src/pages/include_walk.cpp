@@ -50,25 +50,42 @@ std::string without_includes(std::string text, BrokenInclude broken,
 }
 
 void read_script(core::Instance& instance, std::string_view where, std::string_view file,
-                 const TakeCode& take, int depth) {
+                 const TakeCode& take) {
+    IncludeWalk walk;
+    read_script(instance, where, file, take, walk, 0);
+}
+
+void read_script(core::Instance& instance, std::string_view where, std::string_view file,
+                 const TakeCode& take, IncludeWalk& walk, int depth) {
     automation::guarded(instance.log, where, [&] {
-        check_include_depth(depth);
+        if (!walk.goes_on(depth)) {
+            return;
+        }
         const std::string path = include_path(instance.application_path + "\\Scripts", file);
         host::Files& files = instance.platform().files;
         if (!files.FileExists(path)) {
             return;
         }
         const auto include = [&](std::string_view name) {
-            read_script(instance, where, name, take, depth + 1);
+            read_script(instance, where, name, take, walk, depth + 1);
         };
         take(without_includes(files.read(path), broken_include_rule(instance), include), file);
     });
 }
 
-void check_include_depth(int depth) {
+bool IncludeWalk::goes_on(int depth) {
+    if (files_ > kMostIncludes) {
+        return false;
+    }
+    ++files_;
+    if (files_ > kMostIncludes) {
+        throw automation::RunTimeError(automation::ErrorNumber::OutOfMemory,
+                                       "#include names too many files");
+    }
     if (depth > kIncludeDepth) {
         throw automation::RunTimeError(28, "Out of stack space");
     }
+    return true;
 }
 
 std::string include_path(std::string_view folder, std::string_view file) {

@@ -31,15 +31,31 @@ void cut_includes(std::string& text, BrokenInclude broken,
 // Takes the code of one file, whose includes have been taken before.
 using TakeCode = std::function<void(const std::string& code, std::string_view file)>;
 
+// How deep files may include one another, and how many one walk reads in all.
+inline constexpr int kIncludeDepth = 100;
+inline constexpr int kMostIncludes = 1000;
+
+// One walk through files that include one another. Made by whoever reads the first file.
+class IncludeWalk {
+  public:
+    // Counts a file that is `depth` files below the first. False when the walk has ended: the
+    // file is to be passed over. Throws: RunTimeError 28 for a file that is too deep, 7, once, for
+    // one too many, which ends the walk; files that name themselves twice would never end it.
+    [[nodiscard]] bool goes_on(int depth);
+
+  private:
+    int files_ = 0;
+};
+
 // Reads a script file with all its includes, each before the file that names it, from the folder
 // Scripts or by its path. A missing file is passed over; a failure is logged under `where` and
 // loses the file in which it is, with what follows there.
 void read_script(core::Instance& instance, std::string_view where, std::string_view file,
-                 const TakeCode& take, int depth = 0);
+                 const TakeCode& take);
 
-// How deep files may include one another. Throws: RunTimeError 28 beyond it.
-inline constexpr int kIncludeDepth = 100;
-void check_include_depth(int depth);
+// The same as a part of a walk.
+void read_script(core::Instance& instance, std::string_view where, std::string_view file,
+                 const TakeCode& take, IncludeWalk& walk, int depth);
 
 // Where a file of a folder below the application path lies: a name with a drive letter or a share
 // is a path by itself.

@@ -67,6 +67,15 @@ std::vector<std::string> problems_of(const std::string& content) {
     return problems;
 }
 
+TEST(IniLines, WhatWasAddedCountsForTheNextEdit) {
+    IniLines lines("[A]\nk=1");
+    lines.set("B", "first", "1");
+    lines.set("b", "second", "2");
+    lines.set("B", "First", "");
+    EXPECT_EQ(lines.content(), "[A]\nk=1\n\n[B]\nfirst=\nsecond=2\n");
+    EXPECT_EQ(lines.settings_text(), "[A]\nk=1\n[B]\nfirst=\nsecond=2\n");
+}
+
 TEST(IniLines, NamesEachLineThatItCannotTake) {
     EXPECT_THAT(problems_of("; fine\n\n[A]\nk=1\n  # fine\nl=\n"), IsEmpty());
     EXPECT_THAT(problems_of("[A]\r\nabc\r\n=1\r\nk=1\r\nK=2\r\nx\0=1\r\n[B\r\n"s),

@@ -80,6 +80,21 @@ TEST_F(HTMLIncludesTest, AFileThatIncludesItselfIsAnErrorAndNoEnd) {
     EXPECT_THAT(house.host.log(), ElementsAre(HasSubstr("Out of stack space")));
 }
 
+// Each of the files would be read twice as often as the one above it.
+TEST_F(HTMLIncludesTest, FilesThatIncludeThemselvesTwiceAreReadAThousandTimes) {
+    house.put_html("a.asp",
+                   "'#include \"a.asp\"'#include \"a.asp\"'#include \"..\\Scripts\\c.txt\"");
+    house.machine.files.put("C:\\House\\Scripts\\c.txt", "'#include \"c.txt\"'#include \"c.txt\"");
+    load(house, "a.asp");
+    EXPECT_THAT(house.host.log(),
+                testing::Contains(HasSubstr("#include names too many files")).Times(1));
+    EXPECT_LE(house.record.code.size(), 1000U);
+
+    house.put_html("b.asp", "b");
+    load(house, "b.asp");
+    EXPECT_EQ(house.record.code.back(), "b");
+}
+
 TEST_F(HTMLIncludesTest, WithTheProtectionABrokenIncludeIsReportedAndThePageGoesOn) {
     AspHouse hardened({.broken_include_is_an_error = true});
     hardened.put_html("b.asp", "b");

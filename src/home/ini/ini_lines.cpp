@@ -151,6 +151,7 @@ void IniLines::set(std::string_view section, std::string_view key, std::string_v
         position = lines_.size();
     }
     insert(position, std::string(key) + "=" + std::string(value));
+    *this = IniLines(content());  // the new lines count from now on
 }
 
 // Behind the section's last entry, or its header; 0 for a section that is not there.
