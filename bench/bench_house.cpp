@@ -55,6 +55,7 @@ BenchHouse::BenchHouse(const std::string& unit_host_and_port)
                              .network = network_,
                              .page_fetcher = page_fetcher_,
                              .speech = speech_,
+                             .image_resizer = image_resizer_,
                              .user_store = user_store_,
                              .desktop = desktop_,
                              .script_controls = script_controls_,

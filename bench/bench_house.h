@@ -13,6 +13,7 @@
 #include "platform/asio/asio_network.h"
 #include "platform/asio/asio_pump.h"
 #include "platform/curl/curl_page_fetcher.h"
+#include "platform/gd/gd_image_resizer.h"
 #include "platform/system/command_speech.h"
 #include "platform/system/disk_files.h"
 #include "platform/system/log_desktop.h"
@@ -67,6 +68,7 @@ class BenchHouse {
     platform::AsioNetwork network_;
     platform::CurlPageFetcher page_fetcher_;
     platform::CommandSpeech speech_;
+    platform::GdImageResizer image_resizer_{files_};
     home::IniUserStore user_store_;
     platform::LogDesktop desktop_;
     vbscript::ScriptServices script_services_{.clock = clock_, .desktop = desktop_, .classes = {}};

@@ -47,6 +47,7 @@ class CrowdedHouse {
                                 .network = network_,
                                 .page_fetcher = page_fetcher_,
                                 .speech = speech_,
+                                .image_resizer = image_resizer_,
                                 .user_store = user_store_,
                                 .desktop = desktop_,
                                 .script_controls = script_controls_,
@@ -123,6 +124,7 @@ class CrowdedHouse {
     platform::AsioNetwork network_;
     platform::CurlPageFetcher page_fetcher_;
     platform::CommandSpeech speech_;
+    platform::GdImageResizer image_resizer_{files_};
     home::IniUserStore user_store_;
     platform::LogDesktop desktop_;
     vbscript::ScriptServices script_services_{.clock = clock_, .desktop = desktop_, .classes = {}};

@@ -70,6 +70,29 @@ int carry_out(const Run& run) {
     }
 }
 
+// Scripts are started often and are often short: they do not wait for the other sub-commands.
+void add_commands(CLI::App& program, Run& run, const Words& words,
+                  const PluginFactory& make_plugin) {
+    if (!words.plain.empty() && words.plain.back() == "script") {
+        add_script_command(program, run, words.verbatim);
+        return;
+    }
+    add_serve_command(program, run, make_plugin);
+    add_call_command(program, run, words.verbatim);
+    add_status_command(program, run);
+    add_log_command(program, run);
+    add_devices_command(program, run);
+    add_device_command(program, run, words.verbatim);
+    add_x10_command(program, run, words.verbatim);
+    add_press_command(program, run, words.verbatim);
+    add_menu_command(program, run, words.verbatim);
+    add_events_command(program, run);
+    add_event_command(program, run);
+    add_script_command(program, run, words.verbatim);
+    add_unit_command(program, run);
+    add_tell_unit_command(program, run);
+}
+
 }  // namespace
 
 void add_home_option(CLI::App& command, std::string& home) {
@@ -104,20 +127,7 @@ int run_command_line(int argc, const char* const* argv, const PluginFactory& mak
     program.set_version_flag("--version", ZYN_VERSION);
     program.require_subcommand(1);
     Run run;
-    add_serve_command(program, run, make_plugin);
-    add_call_command(program, run, words.verbatim);
-    add_status_command(program, run);
-    add_log_command(program, run);
-    add_devices_command(program, run);
-    add_device_command(program, run, words.verbatim);
-    add_x10_command(program, run, words.verbatim);
-    add_press_command(program, run, words.verbatim);
-    add_menu_command(program, run, words.verbatim);
-    add_events_command(program, run);
-    add_event_command(program, run);
-    add_script_command(program, run, words.verbatim);
-    add_unit_command(program, run);
-    add_tell_unit_command(program, run);
+    add_commands(program, run, words, make_plugin);
     const std::string problem =
         first_word_problem(program, words.plain.empty() ? "" : words.plain.back());
     if (!problem.empty()) {

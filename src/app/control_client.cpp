@@ -45,8 +45,8 @@ Json ControlClient::receive() {
         throw CommandFailure("the daemon's answer makes no sense: " + *line);
     }
     if (const auto error = answer.find("error"); error != answer.end()) {
-        throw CommandFailure("error " + error->at("number").dump() + ": " +
-                             error->at("text").get<std::string>());
+        throw DaemonError(error->at("number").get<std::int32_t>(),
+                          error->at("text").get<std::string>());
     }
     return answer;
 }

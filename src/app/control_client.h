@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <stdexcept>
+#include <string>
 
 #include "app/json.h"
 #include "platform/asio/local_line_client.h"
@@ -14,8 +16,26 @@ class CommandFailure : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+// What the daemon answers as an error.
+class DaemonError : public CommandFailure {
+  public:
+    // The text is UTF-8.
+    DaemonError(std::int32_t number, const std::string& text)
+        : CommandFailure("error " + std::to_string(number) + ": " + text),
+          number_(number),
+          text_(text) {}
+
+    [[nodiscard]] std::int32_t number() const noexcept { return number_; }
+
+    [[nodiscard]] const std::string& text() const noexcept { return text_; }
+
+  private:
+    std::int32_t number_;
+    std::string text_;
+};
+
 // A command-line program's connection to the daemon of one home. All members throw CommandFailure:
-// no daemon there, the daemon has ended, or what it answers as an error.
+// no daemon there, the daemon has ended, or, a DaemonError, what it answers as an error.
 class ControlClient {
   public:
     explicit ControlClient(const std::filesystem::path& home);

@@ -35,15 +35,20 @@ std::string plain_setting(host::Settings& settings, std::string_view section, st
     return automation::trim(text);
 }
 
+// Of all servers of the daemon.
+constexpr std::string_view kListenAddress = "ListenAddress";
+
+std::string listen_address(host::Settings& settings) {
+    return plain_setting(settings, "Settings", kListenAddress, platform::AsioNetwork::kLoopback,
+                         kHostSettings);
+}
+
 platform::AsioNetwork make_network(platform::AsioPump& pump, host::Settings& settings) {
-    constexpr std::string_view kKey = "ListenAddress";
-    const std::string address =
-        plain_setting(settings, "Settings", kKey, platform::AsioNetwork::kLoopback, kHostSettings);
     try {
-        return platform::AsioNetwork(pump, address);
+        return platform::AsioNetwork(pump, listen_address(settings));
     } catch (const RunTimeError& error) {
-        throw error.with_description(std::string(kHostSettings) + ", " + std::string(kKey) + ": " +
-                                     error.description());
+        throw error.with_description(std::string(kHostSettings) + ", " +
+                                     std::string(kListenAddress) + ": " + error.description());
     }
 }
 
@@ -71,9 +76,11 @@ Daemon::Daemon(const DaemonOptions& options, const PluginFactory& make_plugin)
       page_fetcher_(pump_),
       user_store_(host_),
       speech_(choose_speech(host_, files_)),
+      image_resizer_(files_),
       desktop_([this](const std::string& line) { host_.Writelog("Desktop", line); }),
       script_services_(script_services()),
       script_controls_(script_services_),
+      web_site_(home_, script_controls_, host_),
       script_lines_(script_controls_, host_, files_),
       messenger_(pump_, host_),
       power_wiring_(
@@ -123,6 +130,7 @@ host::Platform Daemon::platform(const host::Protection& protection) {
             .network = network_,
             .page_fetcher = page_fetcher_,
             .speech = *speech_,
+            .image_resizer = image_resizer_,
             .user_store = user_store_,
             .desktop = desktop_,
             .script_controls = script_controls_,
@@ -154,8 +162,28 @@ void Daemon::start() {
     power_wiring_.switch_all_on();
     plugin_->RegisterCallback(host_);
     plugin_->InitIO(0);
+    open_host_web_server();
     host_.event_engine().start();
     control_socket_.emplace(pump_, control_socket_path(home_), service_);
+}
+
+// A house without its web site is better than none. Port 0 wants none.
+void Daemon::open_host_web_server() {
+    const std::string port = plain_setting(host_, "Settings", "svrport", "81", kHostSettings);
+    try {
+        const std::optional<double> number = automation::parse_number(port);
+        if (!number) {
+            throw RunTimeError(automation::ErrorNumber::InvalidProcedureCall,
+                               "no port '" + port + "'");
+        }
+        if (*number != 0) {
+            host_web_server_.emplace(pump_, web_site_, listen_address(host_),
+                                     automation::checked_int32(*number));
+        }
+    } catch (const RunTimeError& error) {
+        host_.Writelog("Web server", "The host's web server does not run (svrport of " +
+                                         std::string(kHostSettings) + "): " + error.description());
+    }
 }
 
 // An error that an event lets through ends that event, not the daemon.
@@ -173,6 +201,7 @@ void Daemon::serve() {
 
 void Daemon::shut_down() {
     control_socket_.reset();
+    host_web_server_.reset();
     try {
         plugin_->ShutdownIO();
     } catch (const host::PumpStopped&) {
@@ -199,6 +228,18 @@ std::string Daemon::web_server() {
     return "web server http://" + setting("HomeseerIP", "192.168.0.1") + ":" + port + "/";
 }
 
+std::string Daemon::host_web_server() {
+    if (!host_web_server_) {
+        return "no host's web server";
+    }
+    std::string address = listen_address(host_);
+    if (address == "0.0.0.0" || address == "::") {
+        address = plain_setting(host_, "Velora Utilities", "HomeseerIP", address, kPluginSettings);
+    }
+    return "host's web server http://" + address + ":" + std::to_string(host_web_server_->port()) +
+           "/";
+}
+
 std::string Daemon::summary() {
     std::vector<std::string> names;
     for (const host::UnitStatus& unit : plugin_->status().units) {
@@ -206,7 +247,7 @@ std::string Daemon::summary() {
     }
     const std::string units = names.empty() ? "no units" : "units " + automation::join(names, ", ");
     return "home " + home_.string() + ", " + code_page_to_utf8(web_server()) + ", " +
-           code_page_to_utf8(units);
+           code_page_to_utf8(host_web_server()) + ", " + code_page_to_utf8(units);
 }
 
 }  // namespace app

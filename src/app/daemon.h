@@ -14,12 +14,15 @@
 #include "home/embedded_host.h"
 #include "home/home_lock.h"
 #include "home/ini_user_store.h"
+#include "home/web/web_site.h"
 #include "host/platform.h"
 #include "host/plugin.h"
 #include "host/speech.h"
 #include "platform/asio/asio_network.h"
 #include "platform/asio/asio_pump.h"
+#include "platform/beast/http_server.h"
 #include "platform/curl/curl_page_fetcher.h"
+#include "platform/gd/gd_image_resizer.h"
 #include "platform/system/disk_files.h"
 #include "platform/system/log_desktop.h"
 #include "platform/system/system_clock.h"
@@ -52,13 +55,16 @@ class Daemon {
     // be opened; the plug-in is then shut down all the same. Requires: called once.
     void run(const std::function<void()>& when_up);
 
-    // What a person wants to know of it: "home /x, web server http://...:8088/, units kitchen".
+    // What a person wants to know of it: "home /x, web server http://...:8088/, host's web server
+    // http://...:8081/, units kitchen".
     [[nodiscard]] std::string summary();
 
   private:
     [[nodiscard]] host::Platform platform(const host::Protection& protection);
     [[nodiscard]] vbscript::ScriptServices script_services();
     [[nodiscard]] std::string web_server();
+    [[nodiscard]] std::string host_web_server();
+    void open_host_web_server();
     void wire_host();
     void on_signal();
     void start();
@@ -77,15 +83,18 @@ class Daemon {
     platform::CurlPageFetcher page_fetcher_;
     home::IniUserStore user_store_;
     std::unique_ptr<host::Speech> speech_;
+    platform::GdImageResizer image_resizer_;
     platform::LogDesktop desktop_;
     vbscript::ScriptServices script_services_;
     vbscript::ScriptControls script_controls_;
+    home::WebSite web_site_;
     ScriptLines script_lines_;
     UnitMessenger messenger_;
     PowerWiring power_wiring_;
     std::unique_ptr<host::Plugin> plugin_;
     ControlService service_;
-    std::optional<ControlSocket> control_socket_;  // once the plug-in is up
+    std::optional<platform::HttpServer> host_web_server_;  // once the plug-in is up
+    std::optional<ControlSocket> control_socket_;          // likewise
     bool stopping_ = false;
 };
 

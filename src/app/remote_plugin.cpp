@@ -19,6 +19,10 @@ constexpr std::string_view kClassName = "zynVelora.hspi";
 using automation::ErrorNumber;
 using automation::RunTimeError;
 
+RunTimeError error_of(std::int32_t number, const std::string& text) {
+    return {number, automation::utf8_to_code_page(text), std::string(kClassName)};
+}
+
 class RemotePlugin final : public automation::Object {
   public:
     explicit RemotePlugin(const std::filesystem::path& home) : client_(home) {
@@ -61,9 +65,11 @@ class RemotePlugin final : public automation::Object {
         try {
             client_.send({{"do", "call"}, {"operation", operation}, {"arguments", arguments}});
             return value_of(client_.receive().at("result"));
+        } catch (const DaemonError& error) {
+            throw error_of(error.number(), error.text());
         } catch (const CommandFailure& failure) {
-            throw RunTimeError(440, automation::utf8_to_code_page(failure.what()),
-                               std::string(kClassName));
+            constexpr std::int32_t kAutomationError = 440;
+            throw error_of(kAutomationError, failure.what());
         }
     }
 
@@ -81,8 +87,8 @@ std::shared_ptr<automation::Object> remote_object(const std::string& home,
     try {
         return std::make_shared<RemotePlugin>(chosen_home(home));
     } catch (const CommandFailure& failure) {
-        throw RunTimeError(ErrorNumber::ActiveXCannotCreateObject,
-                           automation::utf8_to_code_page(failure.what()));
+        throw error_of(static_cast<std::int32_t>(ErrorNumber::ActiveXCannotCreateObject),
+                       failure.what());
     }
 }
 

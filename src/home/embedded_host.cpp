@@ -34,6 +34,7 @@ EmbeddedHost::EmbeddedHost(host::Pump& pump, const host::Clock& clock, EmbeddedH
       database_(open_home_database(options_.home / "Data" / "home.db")),
       device_store_(database_),
       event_store_(database_),
+      menus_(options_.home / "Data" / "menus.db", clock),
       devices_(device_store_),
       x10_line_(pump, devices_, *this, events_),
       device_commands_(x10_line_),

@@ -14,6 +14,7 @@
 #include "home/event_board.h"
 #include "home/events/event_engine.h"
 #include "home/ini/ini_files.h"
+#include "home/menus/sqlite_menu_database.h"
 #include "home/sqlite/database.h"
 #include "home/sqlite/sqlite_device_store.h"
 #include "home/sqlite/sqlite_event_store.h"
@@ -47,12 +48,13 @@ struct MenuEntry {
 };
 
 // The home automation host in this program: the interface that a plug-in gets, made of settings
-// files, log, devices, events and power line of one home. Devices and events lie in Data/home.db
-// and survive the program, however it ends. Owned by the program, outlives the plug-in.
+// files, log, devices, events, power line and menus of one home. Devices and events lie in
+// Data/home.db, users and menus of pages in Data/menus.db, and survive the program, however it
+// ends. Owned by the program, outlives the plug-in.
 class EmbeddedHost : public host::HostInterface, public host::CallbackObject {
   public:
     // Pump and clock must outlive the host.
-    // Throws: RunTimeError 70, 61 or 57 with the file when log or Data/home.db cannot be used.
+    // Throws: RunTimeError 70, 61 or 57 with the file when a file of Data cannot be used.
     EmbeddedHost(host::Pump& pump, const host::Clock& clock, EmbeddedHostOptions options);
 
     // What a program around the host needs beyond the plug-in's view of it.
@@ -89,6 +91,8 @@ class EmbeddedHost : public host::HostInterface, public host::CallbackObject {
     [[nodiscard]] std::string Version() const override;
     [[nodiscard]] std::string GetAppPath() const override;  // code page 1252, with backslashes
     [[nodiscard]] std::shared_ptr<automation::Object> object() override;
+
+    [[nodiscard]] host::MenuDatabase* menu_database() override { return &menus_; }
 
     // Settings
     [[nodiscard]] std::string GetIniSetting(std::string_view section, std::string_view key,
@@ -158,6 +162,7 @@ class EmbeddedHost : public host::HostInterface, public host::CallbackObject {
     Database database_;
     SqliteDeviceStore device_store_;
     SqliteEventStore event_store_;
+    SqliteMenuDatabase menus_;
     DeviceTable devices_;
     EventBoard events_;
     X10Line x10_line_;

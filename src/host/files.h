@@ -16,6 +16,12 @@ struct FileEntry {
     automation::DateTime last_modified{};
 };
 
+// What lies directly in a folder, by name.
+struct FolderNames {
+    std::vector<std::string> files;
+    std::vector<std::string> folders;
+};
+
 // A text file open for appending; closed when destroyed.
 class TextStream {
   public:
@@ -53,6 +59,10 @@ class Files {
     virtual void CreateFolder(std::string_view path) = 0;  // its parent must exist
     [[nodiscard]] virtual std::vector<FileEntry> files_in(std::string_view folder) = 0;
     [[nodiscard]] virtual std::vector<std::string> folders_in(std::string_view folder) = 0;
+
+    // Both at once and nothing but the names, for walks over many files. Links to a folder above
+    // are left out, so that a walk comes to an end.
+    [[nodiscard]] virtual FolderNames names_in(std::string_view folder) = 0;
     [[nodiscard]] virtual FileEntry describe(std::string_view file) = 0;
 
     [[nodiscard]] virtual std::string read(std::string_view file) = 0;

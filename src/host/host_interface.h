@@ -14,6 +14,8 @@
 
 namespace host {
 
+class MenuDatabase;
+
 // `hs`: everything that the host offers to a plug-in. Owned by the host, outlives the plug-in.
 class HostInterface : public Settings, public Log, public Devices, public X10, public Events {
   public:
@@ -25,6 +27,9 @@ class HostInterface : public Settings, public Log, public Devices, public X10, p
 
     // The host as scripts see it.
     [[nodiscard]] virtual std::shared_ptr<automation::Object> object() = 0;
+
+    // Users and menus of the host's own pages; none on a host without them.
+    [[nodiscard]] virtual MenuDatabase* menu_database() { return nullptr; }
 };
 
 // What the host, or the separate xAP program, hands to `RegisterCallback`. Owned by the host,

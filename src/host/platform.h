@@ -28,6 +28,7 @@ struct Platform {
     Network& network;
     PageFetcher& page_fetcher;
     Speech& speech;
+    ImageResizer& image_resizer;
     UserStore& user_store;
     Desktop& desktop;
     ScriptControls& script_controls;

@@ -1,8 +1,8 @@
 #include "media/text_page.h"
 
 #include <memory>
-#include <string_view>
 
+#include "automation/code_page.h"
 #include "automation/guarded.h"
 #include "host/files.h"
 
@@ -34,6 +34,29 @@ std::string head(const TextLook& look, std::int32_t delay) {
 std::string message(const TextLook& look, const std::string& text) {
     return "<FONT SIZE=" + look.size + " FACE=" + look.face + " COLOR=" + look.foreground + "><B>" +
            text + "</B></FONT>";
+}
+
+std::string without_word(std::string_view text, std::string_view word) {
+    std::string rest;
+    for (std::size_t at = automation::find_ignoring_case(text, word); at != std::string::npos;
+         at = automation::find_ignoring_case(text, word)) {
+        rest += text.substr(0, at);
+        text.remove_prefix(at + word.size());
+    }
+    return rest.append(text);
+}
+
+std::string without_tags(std::string_view text) {
+    std::string rest;
+    for (std::size_t open = text.find('<'); open != std::string::npos; open = text.find('<')) {
+        const std::size_t close = text.find('>', open);
+        if (close == std::string::npos) {
+            break;
+        }
+        rest += text.substr(0, open);
+        text.remove_prefix(close + 1);
+    }
+    return rest.append(text);
 }
 
 constexpr std::string_view kReturnButton =
@@ -68,6 +91,10 @@ void WrapHTML(core::Instance& instance, const std::string& file, const TextLook&
         }
         page->WriteLine("</HTML>");
     });
+}
+
+std::string StripHTML(std::string_view text) {
+    return without_tags(without_word(without_word(text, "&nbsp;"), "&nbsp"));
 }
 
 }  // namespace media

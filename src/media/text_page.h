@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "core/instance.h"
 
@@ -20,5 +21,9 @@ struct TextLook {
 // browser toggle its buttons when it is shown. A failure is logged and leaves the page incomplete.
 void WrapHTML(core::Instance& instance, const std::string& file, const TextLook& look,
               const std::string& text, std::int32_t delay);
+
+// A text without its mark-up, for logs and messages: without "&nbsp;" and whatever stands between
+// "<" and the next ">". The rest from a "<" that is never closed stays.
+[[nodiscard]] std::string StripHTML(std::string_view text);
 
 }  // namespace media

@@ -181,6 +181,13 @@ std::string ScriptInterface::VeloraText(const std::string& whichVeloras,
     });
 }
 
+std::string ScriptInterface::VeloraSlideshow(const std::string& whichVeloras) {
+    std::string result =
+        command_each(whichVeloras, [](Unit& unit, auto& tag) { unit.ShowSlideshow(tag); });
+    parts_.slideshow.keep_time();
+    return result;
+}
+
 std::string ScriptInterface::VeloraTest(const std::string& whichVeloras) {
     return command_each(whichVeloras, [this](Unit& unit, auto& /*tag*/) {
         appliance::Checkout(parts_.instance, unit);

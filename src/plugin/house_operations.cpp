@@ -103,6 +103,16 @@ bool ScriptInterface::VeloraSlideshowCoordination(const std::string& sClient,
     });
 }
 
+std::string ScriptInterface::VeloraNextPicture() {
+    return parts_.slideshow.VeloraNextPicture();
+}
+
+std::string ScriptInterface::VeloraSlideshowASP(
+    const std::shared_ptr<automation::Object>& RequestObject,
+    const std::shared_ptr<automation::Object>& ResponseObject) {
+    return parts_.slideshow_asp.VeloraSlideshow_ASP(RequestObject, ResponseObject);
+}
+
 void ScriptInterface::VeloraReloadSettings() {
     parts_.settings.InitVeloraUtilities();
 }

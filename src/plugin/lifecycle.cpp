@@ -65,6 +65,7 @@ void Lifecycle::RegisterCallback(host::CallbackObject& frm) {
     core::Instance& instance = parts_.instance;
     instance.attach(frm, frm.GetHSIface());
     instance.XapHosted = frm.type_name() == "Setup";
+    use_menu_database();
     if (frm.GetHSIface() == nullptr) {
         instance.platform().desktop.message_box("Unable to access HS interface");
     } else {
@@ -80,6 +81,11 @@ void Lifecycle::RegisterCallback(host::CallbackObject& frm) {
     if (core::read_setting(instance, core::kSettingsSection, "inMenu", "1") != "0") {
         register_menus();
     }
+}
+
+void Lifecycle::use_menu_database() {
+    host::HostInterface* const hs = parts_.instance.callback().GetHSIface();
+    parts_.host_page.set_menus(hs == nullptr ? nullptr : hs->menu_database());
 }
 
 void Lifecycle::register_menus() {
@@ -171,6 +177,7 @@ void Lifecycle::ShutdownIO() {
         parts_.timer_pools.attach(nullptr);
         parts_.queue_timer.reset();
         parts_.user_script.unload();
+        parts_.page_engine.release();
     });
 }
 

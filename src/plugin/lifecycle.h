@@ -37,6 +37,7 @@ class Lifecycle {
     void create_slideshow_stub();
     void load_queue_timer();
     void sync_with_host();
+    void use_menu_database();
     void register_menus();
 
     Subsystems& parts_;

@@ -20,20 +20,11 @@ void browse_status_page(Subsystems& parts) {
 }
 
 void start_slideshow(Subsystems& parts) {
-    parts.instance.SlideshowMode = 1;
-    for (const auto& unit : parts.fleet.all()) {
-        unit->ShowSlideshow("");
-    }
+    parts.slideshow.start();
 }
 
 void stop_slideshow(Subsystems& parts) {
-    parts.instance.SlideshowMode = 2;
-    if (parts.queue_timer != nullptr) {
-        parts.queue_timer->Timer3().set_enabled(false);
-    }
-    for (const auto& unit : parts.fleet.all()) {
-        unit->set_Slideshow(false);
-    }
+    parts.slideshow.stop();
 }
 
 void reset_queues(Subsystems& parts) {

@@ -37,6 +37,7 @@ constexpr auto kMembers = std::to_array<Member>({
     method<&S::VeloraPushFullscreen>("VeloraPushFullscreen", "whichVeloras, WebPage"),
     method<&S::VeloraPushPage>("VeloraPushPage", "whichVeloras, WebPage"),
     method<&S::VeloraText>("VeloraText", "whichVeloras, sMessage"),
+    method<&S::VeloraSlideshow>("VeloraSlideshow", "whichVeloras"),
     method<&S::VeloraCyclePower>("VeloraCyclePower", "whichVeloras"),
     method<&S::VeloraTest>("VeloraTest", "whichVeloras"),
     method<&S::VeloraExecute>("VeloraExecute", "whichVeloras, sCommand"),
@@ -98,6 +99,8 @@ constexpr auto kMembers = std::to_array<Member>({
     method<&S::VeloraACID>("SendCID", "sLine1, sLine2"),
     method<&S::SendCommand>("SendCommand", "sCommand, sParm, sIPx"),
     method<&S::VeloraSlideshowCoordination>("VeloraSlideshowCoordination", "sClient, sAction"),
+    property<&S::VeloraNextPicture>("VeloraNextPicture"),
+    method<&S::VeloraSlideshowASP>("VeloraSlideshowASP", "RequestObject, ResponseObject"),
     method<&S::VeloraReloadSettings>("VeloraReloadSettings"),
 
     // without effect; kept for scripts that call them

@@ -53,6 +53,7 @@ class ScriptInterface final : public automation::TableObject {
     std::string VeloraPushIISPage(const std::string& whichVeloras, const std::string& WebPage);
     std::string VeloraPushFullscreen(const std::string& whichVeloras, const std::string& WebPage);
     std::string VeloraText(const std::string& whichVeloras, const std::string& sMessage);
+    std::string VeloraSlideshow(const std::string& whichVeloras);
     std::string VeloraCyclePower(const std::string& whichVeloras);
     std::string VeloraTest(const std::string& whichVeloras);
     std::string VeloraExecute(const std::string& whichVeloras, const std::string& sCommand);
@@ -93,6 +94,9 @@ class ScriptInterface final : public automation::TableObject {
     std::string SendCommand(const std::string& sCommand, const std::string& sParm,
                             const std::string& sIPx);
     bool VeloraSlideshowCoordination(const std::string& sClient, const std::string& sAction);
+    std::string VeloraNextPicture();
+    std::string VeloraSlideshowASP(const std::shared_ptr<automation::Object>& RequestObject,
+                                   const std::shared_ptr<automation::Object>& ResponseObject);
     void VeloraReloadSettings();
 
     // --- forms that take one text, "whichVeloras;argument"; see ex_operations.cpp

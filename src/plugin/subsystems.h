@@ -15,9 +15,15 @@
 #include "fleet/fleet.h"
 #include "fleet/supervision.h"
 #include "media/sound_files.h"
+#include "pages/convert_asp.h"
+#include "pages/headers/host_page.h"
+#include "pages/html_includes.h"
+#include "pages/page_engine.h"
 #include "pages/user_script.h"
+#include "plugin/server_pages.h"
 #include "plugin/velora_utilities.h"
-#include "webserver/page_functions.h"
+#include "slideshow/slideshow.h"
+#include "slideshow/slideshow_asp.h"
 #include "webserver/tcp_server_module.h"
 
 namespace plugin {
@@ -37,9 +43,16 @@ struct Subsystems {
                  device_commands}),
           supervision(instance, fleet),
           user_script(instance, [this] { return script_queue_timer(); }),
-          web_server(instance, pages),
-          settings({instance, host_devices, timer_pools, fleet, supervision, web_server,
-                    [this] { return queue_timer.get(); }}) {}
+          host_page(instance, nullptr),
+          page_engine(instance),
+          html_includes(instance, page_engine, host_page),
+          convert_asp(instance, page_engine, html_includes),
+          slideshow(instance, fleet, [this] { return slideshow_timer(); }),
+          slideshow_asp({instance, fleet, status_board, convert_asp, slideshow.lists()}),
+          server_pages(slideshow_asp),
+          web_server(instance, server_pages),
+          settings({instance, host_devices, timer_pools, fleet, supervision, slideshow, page_engine,
+                    web_server, [this] { return queue_timer.get(); }}) {}
 
     core::Instance instance;
     devices::StatusBoard status_board;
@@ -54,13 +67,23 @@ struct Subsystems {
     fleet::Fleet fleet;
     fleet::Supervision supervision;
     pages::UserScript user_script;
-    webserver::PageFunctions pages;
+    pages::HostPage host_page;
+    pages::PageEngine page_engine;
+    pages::HTMLIncludes html_includes;
+    pages::ConvertASP convert_asp;
+    slideshow::Slideshow slideshow;
+    slideshow::SlideshowAsp slideshow_asp;
+    ServerPages server_pages;
     webserver::TCPServerModule web_server;
     VeloraUtilities settings;
 
   private:
     [[nodiscard]] host::Timer* script_queue_timer() const {
         return queue_timer == nullptr ? nullptr : &queue_timer->ScriptQueueTimer();
+    }
+
+    [[nodiscard]] host::Timer* slideshow_timer() const {
+        return queue_timer == nullptr ? nullptr : &queue_timer->Timer3();
     }
 };
 

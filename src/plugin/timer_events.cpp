@@ -30,6 +30,10 @@ void TimerEvents::Timer2_Timer() {
     parts_.sound_files.RemoveOldFiles();
 }
 
+void TimerEvents::Timer3_Timer() {
+    parts_.slideshow.UpdateSlideshow();
+}
+
 void TimerEvents::ConnectTimer_Timer() {
     parts_.queue_timer->phJuke()->ConnectTimer_Timer();
 }

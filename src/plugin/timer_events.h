@@ -23,6 +23,9 @@ class TimerEvents : public appliance::QueueTimerEvents {
     // Once a minute.
     void Timer2_Timer() override;
 
+    // Time for the slideshow's next picture.
+    void Timer3_Timer() override;
+
     // Calls wait for the user's script.
     void ScriptQueueTimer_Timer() override;
 

@@ -16,7 +16,10 @@
 #include "host/clock.h"
 #include "host/files.h"
 #include "host/host_interface.h"
+#include "pages/page_engine.h"
 #include "plugin/setting_steps.h"
+#include "slideshow/file_list.h"
+#include "slideshow/slideshow.h"
 #include "webserver/tcp_server_module.h"
 
 // The settings load: the steps in their order, and what single keys need beyond a conversion.
@@ -52,6 +55,7 @@ void VeloraUtilities::InitVeloraUtilities() {
     step([&] { arm_minute_timer(); });
     read_slide_groups();
     step([&] { define_caller_device(); });
+    step([&] { services_.page_engine.release(); });
     step([&] { log("User Configuration Setup Initialization Complete"); });
 }
 
@@ -218,6 +222,8 @@ void VeloraUtilities::take_image_path(const std::string& text) {
 
 void VeloraUtilities::validate_slideshow_path(const std::string&) {
     core::UtilitySettings& fields = settings();
+    slideshow::PictureList& pictures = services_.slideshow.lists().SlideshowFiles;
+    pictures = {};
     if (fields.SlideshowPath.empty()) {
         fields.StartSlildeshow = false;
         log("Slideshow path has not been specified");
@@ -233,10 +239,13 @@ void VeloraUtilities::validate_slideshow_path(const std::string&) {
     if (!services_.instance.platform().files.FolderExists(with_backslashes(folder))) {
         fields.StartSlildeshow = false;
         log("Slideshow path " + folder + " does not exist");
+        return;
     }
+    slideshow::BuildFileList(services_.instance, folder, fields.ImagePath, pictures);
 }
 
 void VeloraUtilities::read_slide_groups() {
+    services_.slideshow.lists().groups.fill({});
     for (std::size_t group = 0; group < core::kSlideGroups; ++group) {
         step([&] { read_slide_group(group); });
         for (std::size_t row = 0; row < core::kSlideRows; ++row) {
@@ -282,6 +291,10 @@ void VeloraUtilities::read_slide_row(std::size_t group, std::size_t row) {
     host::Files& files = services_.instance.platform().files;
     if (!files.FileExists(path) && !files.FolderExists(path)) {
         log("Slideshow Group " + group_number + " file or folder " + path + " does not exist");
+    } else if (slide.SlideFile.find('.') == std::string::npos) {
+        slideshow::BuildFileList(services_.instance, path,
+                                 settings().slide_groups[group].GroupFolder,
+                                 services_.slideshow.lists().groups[group]);
     }
 }
 

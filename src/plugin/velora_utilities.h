@@ -19,6 +19,14 @@ class Fleet;
 class Supervision;
 }  // namespace fleet
 
+namespace pages {
+class PageEngine;
+}
+
+namespace slideshow {
+class Slideshow;
+}
+
 namespace webserver {
 class TCPServerModule;
 }
@@ -32,12 +40,14 @@ struct SettingsServices {
     appliance::TimerPools& timer_pools;
     fleet::Fleet& fleet;
     fleet::Supervision& supervision;
+    slideshow::Slideshow& slideshow;
+    pages::PageEngine& page_engine;
     webserver::TCPServerModule& web_server;
     std::function<appliance::QueueTimer*()> queue_timer;  // none before it is loaded
 };
 
 // Reads the settings file into the settings record and applies it: web server, units, timers,
-// caller-ID device. Owned by the plug-in instance.
+// picture lists, caller-ID device. Owned by the plug-in instance.
 class VeloraUtilities {
   public:
     explicit VeloraUtilities(SettingsServices services) : services_(std::move(services)) {}

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "unit/command_page.h"
+#include "unit/page_content.h"
 #include "unit/state_json.h"
 #include "unit/wav_duration.h"
 #include "unit/web_address.h"
@@ -94,18 +95,50 @@ void Appliance::browse(const std::string& url) {
     browsing_.cancel_all();
     state_.browser = {url, "loading", 0};
     record();
-    browsing_.start(load_page(url, ++navigation_));
+    browsing_.start(browse_on(url, ++navigation_));
 }
 
-asio::awaitable<void> Appliance::load_page(std::string url, unsigned navigation) {
-    const FetchedResource page = co_await fetch_resource(std::move(url), identity_);
-    if (navigation != navigation_) {
-        co_return;
+// Shows a page and what it asks to be replaced by in its time, until the browser is sent elsewhere.
+asio::awaitable<void> Appliance::browse_on(std::string url, unsigned navigation) {
+    bool is_refresh = false;
+    while (true) {
+        const FetchedResource page = co_await fetch_resource(url, identity_);
+        if (navigation != navigation_) {
+            co_return;
+        }
+        show(url, page);
+        if (is_refresh) {
+            recorder_.log_request("REFRESH", url, state_.browser.status);
+        }
+        co_await load_pictures(url, page.body);
+        const auto refresh = page_refresh(page.body);
+        if (!refresh || navigation != navigation_) {
+            co_return;
+        }
+        asio::steady_timer pause(co_await asio::this_coro::executor, refresh->after);
+        co_await pause.async_wait(asio::use_awaitable);
+        if (!refresh->address.empty()) {
+            url = whole_address(url, refresh->address);
+        }
+        is_refresh = true;
     }
+}
+
+void Appliance::show(const std::string& url, const FetchedResource& page) {
     recorder_.write_page(page.body);
-    state_.browser.status = page.problem.empty() ? page.status_line : page.problem;
-    state_.browser.bytes = page.body.size();
+    state_.browser = {url, page.problem.empty() ? page.status_line : page.problem,
+                      page.body.size()};
     record();
+}
+
+asio::awaitable<void> Appliance::load_pictures(const std::string& url, const std::string& html) {
+    constexpr std::size_t kMostPictures = 16;
+    for (const std::string& address : picture_addresses(html, kMostPictures)) {
+        const std::string picture_url = whole_address(url, address);
+        const FetchedResource picture = co_await fetch_resource(picture_url, identity_);
+        recorder_.log_request("PICTURE", picture_url,
+                              picture.problem.empty() ? picture.status_line : picture.problem);
+    }
 }
 
 }  // namespace unit

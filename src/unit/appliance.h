@@ -50,7 +50,9 @@ class Appliance {
     void record() const;
     boost::asio::awaitable<Page> play(std::string url);
     void browse(const std::string& url);
-    boost::asio::awaitable<void> load_page(std::string url, unsigned navigation);
+    boost::asio::awaitable<void> browse_on(std::string url, unsigned navigation);
+    void show(const std::string& url, const FetchedResource& page);
+    boost::asio::awaitable<void> load_pictures(const std::string& url, const std::string& html);
 
     ApplianceState state_;
     Fault fault_;

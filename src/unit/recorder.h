@@ -9,8 +9,10 @@ namespace unit {
 
 // The files in which an appliance without screen and loudspeaker shows what it does:
 //   state.json         replaced as a whole, so that a reader never sees half of it
-//   requests.log       one line for each request and each text to the music player, kept from run
-//                      to run
+//   requests.log       one line for each request, each text to the music player and what the
+//   browser
+//                      loads by itself: pictures, and pages that replace others in their time; kept
+//                      from run to run
 //   page.html          the body of the page that the browser shows
 //   sounds/N-name      each sound that was played, numbered on from run to run
 // Owned by the unit. All members throw std::runtime_error that names the file when it cannot be

@@ -66,5 +66,17 @@ TEST_F(TextPageTest, CarriesTheLinksOfTheHouseAndIsCutOffWithoutThem) {
     EXPECT_THAT(host_.log(), ElementsAre(HasSubstr("zynVelora: WrapHTML  Line ")));
 }
 
+TEST(StripHTML, LeavesTheTextAlone) {
+    const struct {
+        const char *text, *plain;
+    } rows[] = {{"a<b>c", "ac"},         {"a<b", "a<b"},      {"x&nbsp;y", "xy"},
+                {"x&NBSP;&nbspy", "xy"}, {"a>b<i>c", "a>bc"}, {"<a<b>c>d", "c>d"},
+                {"&nb&nbsp;sp;a", ";a"}, {"<i></i>", ""},     {"", ""}};
+
+    for (const auto& row : rows) {
+        EXPECT_EQ(StripHTML(row.text), row.plain) << row.text;
+    }
+}
+
 }  // namespace
 }  // namespace media

@@ -108,6 +108,9 @@ TYPED_TEST(FilesContract, ListingsAreSortedWithoutRegardToCase) {
                                    Field(&host::FileEntry::name, "C.gif")));
     EXPECT_EQ(files[0].size, 5);
     EXPECT_THAT(this->files().folders_in(this->path("")), ElementsAre("Sub"));
+    const host::FolderNames names = this->files().names_in(this->path(""));
+    EXPECT_THAT(names.files, ElementsAre("A.gif", "b.gif", "C.gif"));
+    EXPECT_THAT(names.folders, ElementsAre("Sub"));
 }
 
 TYPED_TEST(FilesContract, FailuresHaveTheNumberOfTheirCause) {
@@ -144,6 +147,7 @@ TYPED_TEST(FilesContract, FailuresHaveTheNumberOfTheirCause) {
         {[&] { files.CreateFolder(folder); }, "58 File already exists: " + folder},
         {[&] { (void)files.files_in(missing); }, "76 Path not found: " + missing},
         {[&] { (void)files.folders_in(file); }, "76 Path not found: " + file},
+        {[&] { (void)files.names_in(file); }, "76 Path not found: " + file},
     };
 
     for (const auto& row : rows) {

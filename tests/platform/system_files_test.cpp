@@ -54,6 +54,20 @@ TEST_F(SystemFiles, NamesAreUtf8OnDisk) {
     EXPECT_EQ(files_.read("\\" + root_.native() + "/html/caf\xE9.WAV"), "sound");
 }
 
+TEST_F(SystemFiles, WalkOverNamesComesToAnEnd) {
+    files_.CreateFolder(path("sub"));
+    files_.write(path("a.jpg"), "x");
+    std::filesystem::create_symlink("a.jpg", root_ / "b.jpg");
+    std::filesystem::create_symlink("nowhere", root_ / "c.jpg");
+    std::filesystem::create_directory_symlink("sub", root_ / "other");
+    std::filesystem::create_directory_symlink(root_, root_ / "sub" / "up");
+    std::filesystem::create_directory_symlink(".", root_ / "sub" / "self");
+    ASSERT_EQ(::mkfifo((root_ / "pipe.jpg").c_str(), 0600), 0);
+    EXPECT_THAT(files_.names_in(path("")).files, ElementsAre("a.jpg", "b.jpg"));
+    EXPECT_THAT(files_.names_in(path("")).folders, ElementsAre("other", "sub"));
+    EXPECT_THAT(files_.names_in(path("sub")).folders, testing::IsEmpty());
+}
+
 TEST_F(SystemFiles, ExactNameComesBeforeOneOfOtherCase) {
     files_.write(path("a.txt"), "small");
     std::filesystem::copy_file(root_ / "a.txt", root_ / "B.TXT");

@@ -54,6 +54,12 @@ const CommandRow kCommands[] = {
      {"hall", "a.htm"},
      {"hall GET /screen.shtml?1", "hall GET /gotoURL.shtml?M=GOTO_URL&S=http://10.0.0.2:8080/a.htm",
       "hall GET /cgi-bin/firef4"}},
+    {"VeloraText",
+     {"hall", "Hi"},
+     {"hall GET /screen.shtml?1",
+      "hall GET /gotoURL.shtml?M=GOTO_URL&S=http://10.0.0.2:8080/VeloraTemp/"
+      "VeloraTempFilehall1.html",
+      "hall GET /screen.shtml?1"}},
     {"VeloraExecute", {"hall", "reboot"}, {}},
     {"VeloraSendCommand", {"hall", "word", "parameter", ""}, {}},
 
@@ -69,6 +75,19 @@ const CommandRow kCommands[] = {
     {"VeloraSoundsVolumeEx", {"hall; 2.5"}, {"hall GET /beep.shtml?4 2"}},
     {"VeloraSetBrowserScreenEx", {"hall;1"}, {"hall GET /cgi-bin/firef4"}},
     {"VeloraPushPageEx", {";a.htm"}, {}},
+    {"VeloraPushIISPageEx",
+     {"hall;x/a.htm"},
+     {"hall GET /screen.shtml?1", "hall GET /gotoURL.shtml?M=GOTO_URL&S=http://x/a.htm"}},
+    {"VeloraPushFullscreenEx",
+     {"hall;a.htm"},
+     {"hall GET /screen.shtml?1", "hall GET /gotoURL.shtml?M=GOTO_URL&S=http://10.0.0.2:8080/a.htm",
+      "hall GET /cgi-bin/firef4"}},
+    {"VeloraTextEx",
+     {"hall;Hi;there"},
+     {"hall GET /screen.shtml?1",
+      "hall GET /gotoURL.shtml?M=GOTO_URL&S=http://10.0.0.2:8080/VeloraTemp/"
+      "VeloraTempFilehall1.html",
+      "hall GET /screen.shtml?1"}},
     {"VeloraSendCommandEx", {"hall;a;b"}, {}},
 };
 

@@ -15,6 +15,7 @@
 #include "host/platform.h"
 #include "host/settings.h"
 #include "host/speech.h"
+#include "support/fake_image_resizer.h"
 #include "support/memory_files.h"
 #include "support/memory_network.h"
 #include "support/scripted_units.h"
@@ -109,6 +110,7 @@ struct FakeMachine {
     MemoryNetwork network{pump};
     ScriptedUnits units{pump, trace};
     FakeSpeech speech{files};
+    FakeImageResizer image_resizer{files};
     MemoryUserStore user_store;
     RecordingDesktop desktop;
     vbscript::ScriptServices script_services{
@@ -117,8 +119,8 @@ struct FakeMachine {
     host::Protection protection;
 
     [[nodiscard]] host::Platform platform() {
-        return {pump,   pump,       random,  files,           network,   units,
-                speech, user_store, desktop, script_controls, protection};
+        return {pump,   pump,          random,     files,   network,         units,
+                speech, image_resizer, user_store, desktop, script_controls, protection};
     }
 };
 

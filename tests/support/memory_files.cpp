@@ -196,6 +196,14 @@ std::vector<std::string> MemoryFiles::folders_in(std::string_view folder) {
     return names;
 }
 
+host::FolderNames MemoryFiles::names_in(std::string_view folder) {
+    host::FolderNames names;
+    for (const Entry* const entry : entries_in(folder)) {
+        (entry->content ? names.files : names.folders).push_back(entry->name);
+    }
+    return names;
+}
+
 // --- files --------------------------------------------------------------------------------------
 
 host::FileEntry MemoryFiles::describe(std::string_view file) {

@@ -55,7 +55,8 @@ House::House(std::initializer_list<std::string> unit_names)
                 {"PowerCycleTime", "1"},
                 {"PowerUpTime", "2"},
                 {"PowerCycleInterval", ""},  // no cycles at midnight
-                {"SleepMonitorInterval", "0"}} {
+                {"SleepMonitorInterval", "0"}},
+      host_port_(std::to_string(free_port("127.0.0.1"))) {
     for (const std::string& name : names_) {
         const std::string number = std::to_string(units_.size() + 1);
         const std::string ip = "127.0.1." + number;
@@ -78,7 +79,7 @@ House::~House() {
 // --- processes ----------------------------------------------------------------------------------
 
 void House::write_settings() const {
-    std::string host = "[Settings]\nsvrport=81\n[X10 Modules]\n";
+    std::string host = "[Settings]\nsvrport=" + host_port_ + "\n[X10 Modules]\n";
     std::string plugin = "[Velora Utilities]\n";
     for (const auto& [key, value] : settings_) {
         plugin.append(key).append("=").append(value).append("\n");

@@ -44,6 +44,9 @@ class House {
     // A setting of section "Velora Utilities", in the place of the one it has.
     void set(const std::string& key, const std::string& value) { settings_[key] = value; }
 
+    // The port of the host's own web server, in the place of a free one.
+    void take_host_port(const std::string& port) { host_port_ = port; }
+
     // Text behind all other settings.
     void append_settings(const std::string& lines) { more_settings_ += lines; }
 
@@ -90,6 +93,9 @@ class House {
 
     [[nodiscard]] std::string server_port() const { return settings_.at("ServerPort"); }
 
+    // Of the host's own web server.
+    [[nodiscard]] std::string host_port() const { return host_port_; }
+
     // Of the music players of all units.
     [[nodiscard]] std::string jukebox_port() const { return settings_.at("PhJukeCommandPort"); }
 
@@ -133,6 +139,7 @@ class House {
     TemporaryFolder folder_;
     std::vector<std::string> names_;
     std::map<std::string, std::string> settings_;
+    std::string host_port_;
     std::string before_units_;
     std::string more_settings_;
     int outputs_ = 0;

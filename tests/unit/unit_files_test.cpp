@@ -89,6 +89,25 @@ TEST(Unit, ShowsAPageInTheBackground) {
     EXPECT_EQ(unit.file("page.html"), "<p>Hi");
 }
 
+TEST(Unit, BrowserLoadsThePicturesOfAPageAndWhatReplacesIt) {
+    OneAnswerServer next("HTTP/1.0 200 OK\r\n\r\n<p>Next");
+    OneAnswerServer picture("HTTP/1.0 200 OK\r\n\r\nGIF89a");
+    OneAnswerServer first("HTTP/1.0 200 OK\r\n\r\n<meta http-equiv=\"Refresh\" content=\"0; URL=" +
+                          next.url("/next.htm") + "\"><img src='" + picture.url("/a.gif") + "'>");
+    const RunningUnit unit;
+    EXPECT_THAT(unit.get("gotoURL.shtml?M=GOTO_URL&S=" + first.url("/a.htm")), HasSubstr("200 OK"));
+    EXPECT_THAT(picture.request(), StartsWith("GET /a.gif HTTP/1.0\r\n"));
+    EXPECT_THAT(next.request(), StartsWith("GET /next.htm HTTP/1.0\r\n"));
+    (void)unit.state_when([](const auto& now) { return now["browser"]["bytes"] == 7; });
+    EXPECT_EQ(unit.file("page.html"), "<p>Next");
+    (void)unit.state_when([&unit](const auto&) {
+        return unit.file("requests.log").find("REFRESH") != std::string::npos;
+    });
+    const std::string log = unit.file("requests.log");
+    EXPECT_THAT(log, HasSubstr("\tPICTURE\t" + picture.url("/a.gif") + "\tHTTP/1.0 200 OK\n"));
+    EXPECT_THAT(log, EndsWith("\tREFRESH\t" + next.url("/next.htm") + "\tHTTP/1.0 200 OK\n"));
+}
+
 TEST(Unit, LeavesNoSocketBehind) {
     RunningUnit unit;
     auto client = unit.connect();

@@ -82,6 +82,10 @@ bool Statement::step() {
     throw error;
 }
 
+int Statement::columns() const noexcept {
+    return sqlite3_column_count(statement_.get());
+}
+
 std::string Statement::text(int column) const {
     const auto* bytes = static_cast<const char*>(sqlite3_column_blob(statement_.get(), column));
     const auto size = static_cast<std::size_t>(sqlite3_column_bytes(statement_.get(), column));

@@ -25,6 +25,9 @@ class Statement {
     // it can be run again with the same or other parameters.
     bool step();
 
+    // Columns that a row has.
+    [[nodiscard]] int columns() const noexcept;
+
     // Requires: the last `step` gave a row.
     [[nodiscard]] std::string text(int column) const;
     [[nodiscard]] std::int64_t number(int column) const;

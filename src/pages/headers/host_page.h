@@ -21,6 +21,9 @@ class HostPage {
     HostPage(core::Instance& instance, host::MenuDatabase* menus)
         : instance_(instance), menus_(menus) {}
 
+    // The menus of a host that has handed itself over after the page was made.
+    void set_menus(host::MenuDatabase* menus) noexcept { menus_ = menus; }
+
     HostPage(const HostPage&) = delete;
     HostPage& operator=(const HostPage&) = delete;
 

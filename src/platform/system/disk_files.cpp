@@ -9,6 +9,7 @@
 #include <limits>
 #include <optional>
 #include <system_error>
+#include <tuple>
 
 #include "automation/code_page.h"
 #include "automation/run_time_error.h"
@@ -49,6 +50,49 @@ host::FileEntry entry_of(std::string name, const struct stat& status) {
             .size = status.st_size,
             .last_modified = local_time(std::chrono::floor<std::chrono::milliseconds>(
                 std::chrono::sys_time<nanoseconds>(modified)))};
+}
+
+// What a folder holds under one name; absent for devices, pipes, broken links and links to a folder
+// above. The listing tells it by itself but for links.
+std::optional<Kind> kind_of(const fs::directory_entry& entry) {
+    std::error_code ignored;
+    if (entry.is_regular_file(ignored)) {
+        return Kind::File;
+    }
+    if (!entry.is_directory(ignored)) {
+        return std::nullopt;
+    }
+    if (entry.is_symlink(ignored)) {
+        const fs::path target = fs::canonical(entry.path(), ignored);
+        const fs::path folder = fs::canonical(entry.path().parent_path(), ignored);
+        const auto [differs, rest] =
+            std::mismatch(target.begin(), target.end(), folder.begin(), folder.end());
+        if (differs == target.end()) {
+            return std::nullopt;
+        }
+    }
+    return Kind::Folder;
+}
+
+// A name with what it is sorted by.
+struct SortedName {
+    std::string key;
+    std::string name;
+};
+
+SortedName sorted_name(std::string name) {
+    return {automation::to_lower(name), std::move(name)};
+}
+
+std::vector<std::string> in_order(std::vector<SortedName> names) {
+    std::ranges::sort(names, {},
+                      [](const SortedName& name) { return std::tie(name.key, name.name); });
+    std::vector<std::string> sorted;
+    sorted.reserve(names.size());
+    for (SortedName& name : names) {
+        sorted.push_back(std::move(name.name));
+    }
+    return sorted;
 }
 
 // Files or folders directly in `folder`, sorted.
@@ -116,6 +160,29 @@ std::vector<std::string> DiskFiles::folders_in(std::string_view folder) {
         names.push_back(std::move(entry.name));
     }
     return names;
+}
+
+host::FolderNames DiskFiles::names_in(std::string_view folder) {
+    const std::optional<fs::path> on_disk = disk_path(folder);
+    if (!status_of(on_disk, Kind::Folder)) {
+        fail(std::errc::not_a_directory, folder, on_disk);
+    }
+    std::vector<SortedName> files;
+    std::vector<SortedName> folders;
+    std::error_code error;
+    fs::directory_iterator position(*on_disk, error);
+    while (!error && position != fs::directory_iterator()) {
+        const std::optional<Kind> kind = kind_of(*position);
+        std::optional<std::string> name;
+        if (kind && (name = logic_name(position->path().filename()))) {
+            (*kind == Kind::File ? files : folders).push_back(sorted_name(*std::move(name)));
+        }
+        position.increment(error);
+    }
+    if (error) {
+        throw file_error(error, folder, on_disk);
+    }
+    return {.files = in_order(std::move(files)), .folders = in_order(std::move(folders))};
 }
 
 host::FileEntry DiskFiles::describe(std::string_view file) {

@@ -16,6 +16,7 @@ class DiskFiles final : public host::Files {
     void CreateFolder(std::string_view path) override;  // throws 58 as well, when it is there
     [[nodiscard]] std::vector<host::FileEntry> files_in(std::string_view folder) override;
     [[nodiscard]] std::vector<std::string> folders_in(std::string_view folder) override;
+    [[nodiscard]] host::FolderNames names_in(std::string_view folder) override;
     [[nodiscard]] host::FileEntry describe(std::string_view file) override;
 
     [[nodiscard]] std::string read(std::string_view file) override;
