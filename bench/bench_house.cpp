@@ -40,27 +40,33 @@ TemporaryHome::~TemporaryHome() {
     fs::remove_all(path_, ignored);
 }
 
-BenchHouse::BenchHouse(const std::string& unit_host_and_port)
+BenchMachine::BenchMachine(const std::string& unit_host_and_port, const std::string& host_version)
     : home_(unit_host_and_port),
-      host_(pump_, clock_, {.home = home_.path()}),
+      host_(pump_, clock_, {.home = home_.path(), .version = host_version}),
       network_(pump_),
       page_fetcher_(pump_),
       speech_(files_, "false", {}),
       user_store_(host_),
-      desktop_([](const std::string&) {}),
-      plugin_(host::Platform{.pump = pump_,
-                             .clock = clock_,
-                             .random = random_,
-                             .files = files_,
-                             .network = network_,
-                             .page_fetcher = page_fetcher_,
-                             .speech = speech_,
-                             .image_resizer = image_resizer_,
-                             .user_store = user_store_,
-                             .desktop = desktop_,
-                             .script_controls = script_controls_,
-                             .protection = host::Protection::hardened()}) {
-    plugin_.RegisterCallback(host_);
+      desktop_([](const std::string&) {}) {}
+
+host::Platform BenchMachine::platform() noexcept {
+    return {.pump = pump_,
+            .clock = clock_,
+            .random = random_,
+            .files = files_,
+            .network = network_,
+            .page_fetcher = page_fetcher_,
+            .speech = speech_,
+            .image_resizer = image_resizer_,
+            .user_store = user_store_,
+            .desktop = desktop_,
+            .script_controls = script_controls_,
+            .protection = host::Protection::hardened()};
+}
+
+BenchHouse::BenchHouse(const std::string& unit_host_and_port)
+    : machine_(unit_host_and_port), plugin_(machine_.platform()) {
+    plugin_.RegisterCallback(machine_.host());
     plugin_.InitIO(0);
     run_until_idle();
 }
@@ -74,13 +80,13 @@ void BenchHouse::call(std::string_view operation, std::vector<automation::Value>
 }
 
 void BenchHouse::run_until_idle() {
-    if (!pump_.run_until([this] { return is_idle(); }, kLongestWait)) {
+    if (!machine_.pump().run_until([this] { return is_idle(); }, kLongestWait)) {
         throw std::runtime_error("the unit's queue does not become idle");
     }
 }
 
 void BenchHouse::run_for(std::chrono::milliseconds duration) {
-    pump_.run_until([] { return false; }, duration);
+    machine_.pump().run_until([] { return false; }, duration);
 }
 
 bool BenchHouse::is_idle() const {

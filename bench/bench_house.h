@@ -40,8 +40,41 @@ class TemporaryHome {
     std::filesystem::path path_;
 };
 
-// The plug-in as the daemon carries it: on the machine's pump, sockets, page fetches and files, in
-// the embedded host. Speech alone is left out. Started, and idle, once it is made.
+// A home and what a plug-in is started on: the machine's pump, sockets, page fetches and files, and
+// the embedded host. Speech alone is left out.
+class BenchMachine {
+  public:
+    explicit BenchMachine(const std::string& unit_host_and_port,
+                          const std::string& host_version = "2.5.0");
+    BenchMachine(const BenchMachine&) = delete;
+    BenchMachine& operator=(const BenchMachine&) = delete;
+
+    [[nodiscard]] const std::filesystem::path& home() const noexcept { return home_.path(); }
+
+    [[nodiscard]] platform::AsioPump& pump() noexcept { return pump_; }
+
+    [[nodiscard]] home::EmbeddedHost& host() noexcept { return host_; }
+
+    [[nodiscard]] host::Platform platform() noexcept;
+
+  private:
+    TemporaryHome home_;
+    platform::AsioPump pump_;
+    platform::SystemClock clock_;
+    platform::SystemRandom random_;
+    platform::DiskFiles files_;
+    home::EmbeddedHost host_;
+    platform::AsioNetwork network_;
+    platform::CurlPageFetcher page_fetcher_;
+    platform::CommandSpeech speech_;
+    platform::GdImageResizer image_resizer_{files_};
+    home::IniUserStore user_store_;
+    platform::LogDesktop desktop_;
+    vbscript::ScriptServices script_services_{.clock = clock_, .desktop = desktop_, .classes = {}};
+    vbscript::ScriptControls script_controls_{script_services_};
+};
+
+// The plug-in as the daemon carries it. Started, and idle, once it is made.
 class BenchHouse {
   public:
     explicit BenchHouse(const std::string& unit_host_and_port);
@@ -59,20 +92,7 @@ class BenchHouse {
   private:
     [[nodiscard]] bool is_idle() const;
 
-    TemporaryHome home_;
-    platform::AsioPump pump_;
-    platform::SystemClock clock_;
-    platform::SystemRandom random_;
-    platform::DiskFiles files_;
-    home::EmbeddedHost host_;
-    platform::AsioNetwork network_;
-    platform::CurlPageFetcher page_fetcher_;
-    platform::CommandSpeech speech_;
-    platform::GdImageResizer image_resizer_{files_};
-    home::IniUserStore user_store_;
-    platform::LogDesktop desktop_;
-    vbscript::ScriptServices script_services_{.clock = clock_, .desktop = desktop_, .classes = {}};
-    vbscript::ScriptControls script_controls_{script_services_};
+    BenchMachine machine_;
     plugin::hspi plugin_;
 };
 

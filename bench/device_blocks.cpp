@@ -33,26 +33,7 @@ double seconds_since(Clock::time_point start) {
 class CrowdedHouse {
   public:
     explicit CrowdedHouse(const std::string& host_version)
-        : home_("127.0.0.31"),
-          host_(pump_, clock_, {.home = home_.path(), .version = host_version}),
-          network_(pump_),
-          page_fetcher_(pump_),
-          speech_(files_, "false", {}),
-          user_store_(host_),
-          desktop_([](const std::string&) {}),
-          parts_(host::Platform{.pump = pump_,
-                                .clock = clock_,
-                                .random = random_,
-                                .files = files_,
-                                .network = network_,
-                                .page_fetcher = page_fetcher_,
-                                .speech = speech_,
-                                .image_resizer = image_resizer_,
-                                .user_store = user_store_,
-                                .desktop = desktop_,
-                                .script_controls = script_controls_,
-                                .protection = host::Protection::hardened()}),
-          timer_events_(parts_) {
+        : machine_("127.0.0.31", host_version), parts_(machine_.platform()), timer_events_(parts_) {
         add_foreign_devices();
         add_units();
         parts_.instance.attach(host_, &host_);
@@ -115,20 +96,8 @@ class CrowdedHouse {
         }
     }
 
-    TemporaryHome home_;
-    platform::AsioPump pump_;
-    platform::SystemClock clock_;
-    platform::SystemRandom random_;
-    platform::DiskFiles files_;
-    home::EmbeddedHost host_;
-    platform::AsioNetwork network_;
-    platform::CurlPageFetcher page_fetcher_;
-    platform::CommandSpeech speech_;
-    platform::GdImageResizer image_resizer_{files_};
-    home::IniUserStore user_store_;
-    platform::LogDesktop desktop_;
-    vbscript::ScriptServices script_services_{.clock = clock_, .desktop = desktop_, .classes = {}};
-    vbscript::ScriptControls script_controls_{script_services_};
+    BenchMachine machine_;
+    home::EmbeddedHost& host_ = machine_.host();
     plugin::Subsystems parts_;
     plugin::TimerEvents timer_events_;
 };

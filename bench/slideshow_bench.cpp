@@ -55,28 +55,9 @@ class Visit final : public automation::TableObject {
 // A home with many pictures below HTML, all of them empty files, and the plug-in's parts on it.
 class PictureHouse {
   public:
-    PictureHouse()
-        : home_("127.0.0.31"),
-          host_(pump_, clock_, {.home = home_.path()}),
-          network_(pump_),
-          page_fetcher_(pump_),
-          speech_(files_, "false", {}),
-          user_store_(host_),
-          desktop_([](const std::string&) {}),
-          parts_(host::Platform{.pump = pump_,
-                                .clock = clock_,
-                                .random = random_,
-                                .files = files_,
-                                .network = network_,
-                                .page_fetcher = page_fetcher_,
-                                .speech = speech_,
-                                .image_resizer = image_resizer_,
-                                .user_store = user_store_,
-                                .desktop = desktop_,
-                                .script_controls = script_controls_,
-                                .protection = host::Protection::hardened()}) {
-        parts_.instance.attach(host_, &host_);
-        parts_.instance.application_path = host_.GetAppPath();
+    PictureHouse() {
+        parts_.instance.attach(machine_.host(), &machine_.host());
+        parts_.instance.application_path = machine_.host().GetAppPath();
         parts_.instance.settings.jpg = true;
         parts_.instance.settings.ImagePath = core::html_root(parts_.instance);
         parts_.instance.settings.TempPath = core::html_root(parts_.instance) + "\\VeloraTemp";
@@ -102,28 +83,15 @@ class PictureHouse {
         }
     }
 
-    [[nodiscard]] fs::path html() const { return home_.path() / "HTML"; }
+    [[nodiscard]] fs::path html() const { return machine_.home() / "HTML"; }
 
     [[nodiscard]] fs::path pictures_on_disk() const { return html() / "many"; }
 
     [[nodiscard]] plugin::Subsystems& parts() noexcept { return parts_; }
 
   private:
-    TemporaryHome home_;
-    platform::AsioPump pump_;
-    platform::SystemClock clock_;
-    platform::SystemRandom random_;
-    platform::DiskFiles files_;
-    home::EmbeddedHost host_;
-    platform::AsioNetwork network_;
-    platform::CurlPageFetcher page_fetcher_;
-    platform::CommandSpeech speech_;
-    platform::GdImageResizer image_resizer_{files_};
-    home::IniUserStore user_store_;
-    platform::LogDesktop desktop_;
-    vbscript::ScriptServices script_services_{.clock = clock_, .desktop = desktop_, .classes = {}};
-    vbscript::ScriptControls script_controls_{script_services_};
-    plugin::Subsystems parts_;
+    BenchMachine machine_{"127.0.0.31"};
+    plugin::Subsystems parts_{machine_.platform()};
 };
 
 template <typename Work>
