@@ -54,14 +54,18 @@ void UserScript::add(std::string_view argument) {
 void UserScript::ScriptQueueTimer_Timer() {
     automation::guarded(instance_.log, "ScriptQueueTimer_Timer", [&] {
         while (!messages_.empty()) {
-            if (host::Timer* timer = timer_()) timer->set_interval(kWhileRunning);
+            if (host::Timer* timer = timer_()) {
+                timer->set_interval(kWhileRunning);
+            }
             const std::string argument = std::exchange(messages_.front(), {});
             messages_.pop_front();
             if (const std::shared_ptr<Script> script = script_) {
                 script->Run(kMain, argument);
             }
         }
-        if (host::Timer* timer = timer_()) timer->set_enabled(false);
+        if (host::Timer* timer = timer_()) {
+            timer->set_enabled(false);
+        }
     });
 }
 

@@ -15,7 +15,9 @@ Value array_of_arguments(Context& /*context*/, Arguments arguments) {
 // Throws: ScriptError 13 for no array, 9 for a dimension that it does not have.
 std::int32_t bound_of(Context& context, Arguments arguments) {
     const Value value = plain_argument(context, arguments, 0);
-    if (!value.is(Type::Array)) throw ScriptError(ErrorNumber::TypeMismatch);
+    if (!value.is(Type::Array)) {
+        throw ScriptError(ErrorNumber::TypeMismatch);
+    }
     return value.array().upper_bound(long_or(context, arguments, 1, 1));
 }
 

@@ -13,7 +13,9 @@ namespace {
 }
 
 char16_t first_unit(const String& text) {
-    if (text.units().empty()) throw_invalid_call();
+    if (text.units().empty()) {
+        throw_invalid_call();
+    }
     return text.units().front();
 }
 
@@ -36,7 +38,9 @@ Value first_byte(Context& context, Arguments arguments) {
 std::string byte_of(Context& context, const Value& argument) {
     constexpr std::int32_t kMost = 255;
     const std::int32_t code = to_long(context, argument);
-    if (code < 0 || code > kMost) throw_invalid_call();
+    if (code < 0 || code > kMost) {
+        throw_invalid_call();
+    }
     return std::string(1, static_cast<char>(code));
 }
 
@@ -48,7 +52,9 @@ Value unit_of_code(Context& context, Arguments arguments) {
     constexpr std::int32_t kLeast = -32768;
     constexpr std::int32_t kMost = 65535;
     const std::int32_t code = to_long(context, arguments[0]);
-    if (code < kLeast || code > kMost) throw_invalid_call();
+    if (code < kLeast || code > kMost) {
+        throw_invalid_call();
+    }
     return Value(std::u16string(1, static_cast<char16_t>(code)));
 }
 
@@ -84,16 +90,22 @@ Value escaped(Context& context, Arguments arguments) {
             append_hexadecimal(result, unit, kLongDigits);
         }
     }
-    if (result.size() > String::kMaximumUnits) throw ScriptError(ErrorNumber::OutOfStringSpace);
+    if (result.size() > String::kMaximumUnits) {
+        throw ScriptError(ErrorNumber::OutOfStringSpace);
+    }
     return Value(std::move(result));
 }
 
 std::optional<char16_t> read_hexadecimal(std::u16string_view text, std::size_t digits) {
-    if (text.size() < digits) return std::nullopt;
+    if (text.size() < digits) {
+        return std::nullopt;
+    }
     unsigned int number = 0;
     for (const char16_t unit : text.substr(0, digits)) {
         const std::size_t digit = kHexadecimal.find(to_upper(unit));
-        if (digit == std::u16string_view::npos) return std::nullopt;
+        if (digit == std::u16string_view::npos) {
+            return std::nullopt;
+        }
         number = number << 4 | static_cast<unsigned int>(digit);
     }
     return static_cast<char16_t>(number);

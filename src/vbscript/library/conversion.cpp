@@ -26,7 +26,9 @@ std::uint32_t bits_of(Context& context, const Value& value) {
 template <int base>
 Value digits_of_base(Context& context, Arguments arguments) {
     const Value value = plain_argument(context, arguments, 0);
-    if (value.is(Type::Null)) return Value(kNull);
+    if (value.is(Type::Null)) {
+        return Value(kNull);
+    }
     std::array<char, 16> digits{};
     const char* const end =
         std::to_chars(digits.data(), digits.data() + digits.size(), bits_of(context, value), base)
@@ -44,7 +46,9 @@ Currency whole_currency(Currency amount, double (*to_whole)(double)) {
     const std::int64_t fraction = amount.units % kUnits;
     const std::int64_t toward_zero = amount.units - fraction;
     const bool is_below = fraction < 0 && to_whole(-0.5) < 0;
-    if (!is_below) return {toward_zero};
+    if (!is_below) {
+        return {toward_zero};
+    }
     std::int64_t below = 0;
     if (__builtin_sub_overflow(toward_zero, kUnits, &below)) {
         throw ScriptError(ErrorNumber::Overflow);

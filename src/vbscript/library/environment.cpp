@@ -15,7 +15,9 @@ constexpr std::u16string_view kEngineName = u"VBScript";
 
 std::u16string units_or(Context& context, Arguments arguments, std::size_t index,
                         std::u16string_view otherwise) {
-    if (!is_given(arguments, index)) return std::u16string(otherwise);
+    if (!is_given(arguments, index)) {
+        return std::u16string(otherwise);
+    }
     return to_units(context, arguments[index]);
 }
 
@@ -53,7 +55,9 @@ Value create_object(Context& context, Arguments arguments) {
 // With an empty path a new object of the class. Nobody else's objects can be reached: neither a
 // running one, which is meant without a path, nor one in a file.
 Value get_object(Context& context, Arguments arguments) {
-    if (!is_given(arguments, 0)) throw ScriptError(ErrorNumber::CannotCreateObject);
+    if (!is_given(arguments, 0)) {
+        throw ScriptError(ErrorNumber::CannotCreateObject);
+    }
     const std::u16string path = to_units(context, arguments[0]);
     const std::u16string class_name = units_or(context, arguments, 1, u"");
     if (!path.empty() || class_name.empty()) {
@@ -74,8 +78,12 @@ Value get_locale(Context& context, Arguments /*arguments*/) {
 
 // A number, a number as a text, or a tag such as "de-de". Throws: ScriptError 447.
 std::int32_t locale_identifier(Context& context, const Value& value) {
-    if (!value.is(Type::String)) return to_long(context, value);
-    if (const Locale* const locale = find_locale(value.units())) return locale->identifier;
+    if (!value.is(Type::String)) {
+        return to_long(context, value);
+    }
+    if (const Locale* const locale = find_locale(value.units())) {
+        return locale->identifier;
+    }
     if (!parse_number(context.locale(), value.units())) {
         throw ScriptError(ErrorNumber::LocaleSettingNotSupported);
     }

@@ -69,8 +69,12 @@ Value is_date(Context& context, Arguments arguments) {
 
 Value type_name(Context& /*context*/, Arguments arguments) {
     const Value& value = arguments[0];
-    if (!value.is(Type::Object)) return Value(row_of(value.type()).name);
-    if (value.object() == nullptr) return Value(u"Nothing");
+    if (!value.is(Type::Object)) {
+        return Value(row_of(value.type()).name);
+    }
+    if (value.object() == nullptr) {
+        return Value(u"Nothing");
+    }
     return Value(value.object()->type_name());
 }
 

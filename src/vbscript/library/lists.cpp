@@ -18,16 +18,22 @@ Value array_of(Elements elements) {
 // The elements of an array of one dimension. Throws: ScriptError 13 for no array, 5 for another
 // number of dimensions.
 std::span<const Value> elements_of(const Value& value) {
-    if (!value.is(Type::Array)) throw ScriptError(ErrorNumber::TypeMismatch);
+    if (!value.is(Type::Array)) {
+        throw ScriptError(ErrorNumber::TypeMismatch);
+    }
     const Array& array = value.array();
-    if (array.dimensions() > 1) throw ScriptError(ErrorNumber::InvalidProcedureCall);
+    if (array.dimensions() > 1) {
+        throw ScriptError(ErrorNumber::InvalidProcedureCall);
+    }
     return array.elements();
 }
 
 // An array as an argument gives it; an object may hold one.
 Value list_argument(Context& context, Arguments arguments) {
     Value list = context.plain(arguments[0]);
-    if (list.is(Type::Null)) throw ScriptError(ErrorNumber::InvalidUseOfNull);
+    if (list.is(Type::Null)) {
+        throw ScriptError(ErrorNumber::InvalidUseOfNull);
+    }
     return list;
 }
 
@@ -43,10 +49,14 @@ Elements split_at(Context& context, std::u16string_view text, std::u16string_vie
     std::size_t from = 0;
     while (elements.size() + 1 < most) {
         const std::size_t place = search.next(from);
-        if (place == TextSearch::kNowhere) break;
+        if (place == TextSearch::kNowhere) {
+            break;
+        }
         elements.emplace_back(text.substr(from, place - from));
         from = place + separator.size();
-        if (elements.size() % kElementsBetweenChecks == 0) context.check_time();
+        if (elements.size() % kElementsBetweenChecks == 0) {
+            context.check_time();
+        }
         if (elements.size() == Array::kMaximumElements) {
             throw ScriptError(ErrorNumber::OutOfMemory);
         }
@@ -62,9 +72,15 @@ Value split(Context& context, Arguments arguments) {
     const Ref<String> separator = separator_of(context, arguments);
     const std::int32_t count = long_or(context, arguments, 2, kAll);
     const TextSearch::Case letter_case = case_of(context, arguments, 3);
-    if (count < kAll) throw ScriptError(ErrorNumber::InvalidProcedureCall);
-    if (text->units().empty() || count == 0) return array_of({});
-    if (separator->units().empty() || count == 1) return array_of({Value(text)});
+    if (count < kAll) {
+        throw ScriptError(ErrorNumber::InvalidProcedureCall);
+    }
+    if (text->units().empty() || count == 0) {
+        return array_of({});
+    }
+    if (separator->units().empty() || count == 1) {
+        return array_of({Value(text)});
+    }
     const std::size_t most =
         count == kAll ? String::kMaximumUnits + 1 : static_cast<std::size_t>(count);
     return array_of(split_at(context, text->units(), separator->units(), most, letter_case));
@@ -80,13 +96,19 @@ Value joined(Context& context, Arguments arguments) {
     for (const Value& element : elements) {
         texts.push_back(to_text(context, element));
         size += texts.back()->units().size() + separator->units().size();
-        if (size > String::kMaximumUnits) throw ScriptError(ErrorNumber::OutOfStringSpace);
-        if (texts.size() % kElementsBetweenChecks == 0) context.check_time();
+        if (size > String::kMaximumUnits) {
+            throw ScriptError(ErrorNumber::OutOfStringSpace);
+        }
+        if (texts.size() % kElementsBetweenChecks == 0) {
+            context.check_time();
+        }
     }
     std::u16string result;
     result.reserve(size);
     for (const Ref<String>& text : texts) {
-        if (&text != texts.data()) result.append(separator->units());
+        if (&text != texts.data()) {
+            result.append(separator->units());
+        }
         result.append(text->units());
     }
     return Value(std::move(result));
@@ -105,7 +127,9 @@ Value filtered(Context& context, Arguments arguments) {
         const bool is_found =
             part->units().empty() ||
             TextSearch(text->units(), part->units(), letter_case).next(0) != TextSearch::kNowhere;
-        if (is_found == include) result.emplace_back(text);
+        if (is_found == include) {
+            result.emplace_back(text);
+        }
         context.check_time();
     }
     return array_of(std::move(result));

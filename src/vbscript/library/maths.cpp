@@ -18,7 +18,9 @@ namespace {
 template <double (*function)(double)>
 Value of_double(Context& context, Arguments arguments) {
     const double result = function(to_double(context, arguments[0]));
-    if (!std::isfinite(result)) throw ScriptError(ErrorNumber::Overflow);
+    if (!std::isfinite(result)) {
+        throw ScriptError(ErrorNumber::Overflow);
+    }
     return Value(result);
 }
 
@@ -43,17 +45,23 @@ double tangent(double number) {
 }
 
 double natural_logarithm(double number) {
-    if (number <= 0) throw_invalid_call();
+    if (number <= 0) {
+        throw_invalid_call();
+    }
     return std::log(number);
 }
 
 double square_root(double number) {
-    if (number < 0) throw_invalid_call();
+    if (number < 0) {
+        throw_invalid_call();
+    }
     return std::sqrt(number);
 }
 
 bool is_negative(Context& context, const Value& value) {
-    if (value.is(Type::Currency)) return value.currency().units < 0;
+    if (value.is(Type::Currency)) {
+        return value.currency().units < 0;
+    }
     return to_double(context, value) < 0;
 }
 
@@ -72,14 +80,20 @@ Value as_number(Context& context, const Value& value) {
 
 Value absolute(Context& context, Arguments arguments) {
     const Value value = plain_argument(context, arguments, 0);
-    if (value.is(Type::Null)) return Value(kNull);
-    if (is_negative(context, value)) return negate(context, value);
+    if (value.is(Type::Null)) {
+        return Value(kNull);
+    }
+    if (is_negative(context, value)) {
+        return negate(context, value);
+    }
     return as_number(context, value);
 }
 
 Value sign(Context& context, Arguments arguments) {
     const Value value = plain_argument(context, arguments, 0);
-    if (value.is(Type::Null)) return Value(kNull);
+    if (value.is(Type::Null)) {
+        return Value(kNull);
+    }
     const double number = to_double(context, value);
     return Value(static_cast<std::int16_t>((number > 0) - (number < 0)));
 }
@@ -92,7 +106,9 @@ double rounded(double number, int places) {
 
 Currency rounded(Currency amount, int places) {
     constexpr int kPlaces = 4;
-    if (places >= kPlaces) return amount;
+    if (places >= kPlaces) {
+        return amount;
+    }
     std::int64_t unit = 1;
     for (int place = places; place < kPlaces; ++place) {
         unit *= 10;
@@ -112,7 +128,9 @@ Currency rounded(Currency amount, int places) {
 Value round(Context& context, Arguments arguments) {
     constexpr std::int32_t kMostPlaces = 22;
     const std::int32_t places = long_or(context, arguments, 1, 0);
-    if (places < 0 || places > kMostPlaces) throw_invalid_call();
+    if (places < 0 || places > kMostPlaces) {
+        throw_invalid_call();
+    }
     const Value value = as_number(context, plain_argument(context, arguments, 0));
     switch (value.type()) {
         case Type::Null:
@@ -131,9 +149,13 @@ Value round(Context& context, Arguments arguments) {
 
 Value random(Context& context, Arguments arguments) {
     RandomSequence& sequence = context.random();
-    if (!is_given(arguments, 0)) return Value(sequence.next());
+    if (!is_given(arguments, 0)) {
+        return Value(sequence.next());
+    }
     const float number = to_single(context, arguments[0]);
-    if (number < 0) return Value(sequence.restart(number));
+    if (number < 0) {
+        return Value(sequence.restart(number));
+    }
     return Value(number == 0 ? sequence.last() : sequence.next());
 }
 
@@ -155,7 +177,9 @@ Value colour(Context& context, Arguments arguments) {
     std::int32_t number = 0;
     for (std::size_t index = arguments.size(); index-- > 0;) {
         const std::int32_t part = to_integer(context, arguments[index]);
-        if (part < 0) throw_invalid_call();
+        if (part < 0) {
+            throw_invalid_call();
+        }
         number = number * (kMost + 1) + std::min(part, kMost);
     }
     return Value(number);

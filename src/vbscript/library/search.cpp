@@ -19,7 +19,9 @@ Value compared(Context& context, Arguments arguments) {
     const TextSearch::Case letter_case = case_of(context, arguments, 2);
     const Value left = plain_argument(context, arguments, 0);
     const Value right = plain_argument(context, arguments, 1);
-    if (left.is(Type::Null) || right.is(Type::Null)) return Value(kNull);
+    if (left.is(Type::Null) || right.is(Type::Null)) {
+        return Value(kNull);
+    }
     const int order =
         compare_text(to_text(context, left)->units(), to_text(context, right)->units(),
                      letter_case == TextSearch::Case::Ignored);
@@ -35,11 +37,17 @@ Value position(Context& context, Arguments arguments) {
     const TextSearch::Case letter_case = case_of(context, arguments, 3);
     const Value whole_value = plain_argument(context, arguments, first);
     const Value part_value = plain_argument(context, arguments, first + 1);
-    if (whole_value.is(Type::Null) || part_value.is(Type::Null)) return Value(kNull);
+    if (whole_value.is(Type::Null) || part_value.is(Type::Null)) {
+        return Value(kNull);
+    }
     const Ref<String> whole = to_text(context, whole_value);
     const Ref<String> part = to_text(context, part_value);
-    if (start > whole->units().size()) return long_value(0);
-    if (part->units().empty()) return long_value(start);
+    if (start > whole->units().size()) {
+        return long_value(0);
+    }
+    if (part->units().empty()) {
+        return long_value(start);
+    }
     return long_value(TextSearch(whole->units(), part->units(), letter_case).next(start - 1) + 1);
 }
 
@@ -47,8 +55,12 @@ Value position(Context& context, Arguments arguments) {
 std::optional<std::size_t> searched_size(Context& context, Arguments arguments, std::size_t size) {
     constexpr std::int32_t kFromEnd = -1;
     const std::int32_t start = long_or(context, arguments, 2, kFromEnd);
-    if (start == kFromEnd) return size;
-    if (start < 1) throw_invalid_call();
+    if (start == kFromEnd) {
+        return size;
+    }
+    if (start < 1) {
+        throw_invalid_call();
+    }
     const auto end = static_cast<std::size_t>(start);
     return end <= size ? std::optional(end) : std::nullopt;
 }
@@ -57,12 +69,18 @@ Value last_position(Context& context, Arguments arguments) {
     const TextSearch::Case letter_case = case_of(context, arguments, 3);
     const Value whole_value = plain_argument(context, arguments, 0);
     const Value part_value = plain_argument(context, arguments, 1);
-    if (whole_value.is(Type::Null) || part_value.is(Type::Null)) return Value(kNull);
+    if (whole_value.is(Type::Null) || part_value.is(Type::Null)) {
+        return Value(kNull);
+    }
     const Ref<String> whole = to_text(context, whole_value);
     const Ref<String> part = to_text(context, part_value);
     const auto end = searched_size(context, arguments, whole->units().size());
-    if (!end || *end == 0) return long_value(0);
-    if (part->units().empty()) return long_value(*end);
+    if (!end || *end == 0) {
+        return long_value(0);
+    }
+    if (part->units().empty()) {
+        return long_value(*end);
+    }
     return long_value(find_last(whole->units(), part->units(), *end, letter_case) + 1);
 }
 
@@ -70,7 +88,9 @@ Value last_position(Context& context, Arguments arguments) {
 std::size_t most_matches(Context& context, Arguments arguments, std::size_t index) {
     constexpr std::int32_t kAll = -1;
     const std::int32_t count = long_or(context, arguments, index, kAll);
-    if (count < kAll) throw_invalid_call();
+    if (count < kAll) {
+        throw_invalid_call();
+    }
     return count == kAll ? String::kMaximumUnits : static_cast<std::size_t>(count);
 }
 
@@ -81,10 +101,14 @@ void for_each_match(Context& context, TextSearch& search, std::size_t size, std:
     std::size_t from = 0;
     for (std::size_t count = 0; count < most; ++count) {
         const std::size_t place = search.next(from);
-        if (place == TextSearch::kNowhere) return;
+        if (place == TextSearch::kNowhere) {
+            return;
+        }
         handle(place);
         from = place + size;
-        if (count % kMatchesBetweenChecks == 0) context.check_time();
+        if (count % kMatchesBetweenChecks == 0) {
+            context.check_time();
+        }
     }
 }
 
@@ -114,10 +138,14 @@ Value replaced(Context& context, Arguments arguments) {
     const std::size_t start = is_given(arguments, 3) ? count_of(context, arguments[3], 1) : 1;
     const std::size_t most = most_matches(context, arguments, 4);
     const TextSearch::Case letter_case = case_of(context, arguments, 5);
-    if (start > text->units().size()) return Value(u"");
+    if (start > text->units().size()) {
+        return Value(u"");
+    }
     const std::u16string_view whole = text->units().substr(start - 1);
     const bool is_unchanged = part->units().empty() || most == 0;
-    if (is_unchanged) return start == 1 ? Value(text) : Value(whole);
+    if (is_unchanged) {
+        return start == 1 ? Value(text) : Value(whole);
+    }
     TextSearch search(whole, part->units(), letter_case);
     return replaced_in(context, whole, part->units(), with->units(), search, most);
 }

@@ -12,8 +12,12 @@ namespace {
 // `count` units from `begin` on, at most to the end. The whole is shared, not copied.
 Value part_of(const Ref<String>& text, std::size_t begin, std::size_t count) {
     const std::u16string_view units = text->units();
-    if (begin == 0 && count >= units.size()) return Value(text);
-    if (begin >= units.size()) return Value(u"");
+    if (begin == 0 && count >= units.size()) {
+        return Value(text);
+    }
+    if (begin >= units.size()) {
+        return Value(u"");
+    }
     auto part = make<String>(units.substr(begin, count));
     part->set_half_unit(text->has_half_unit() && count >= units.size() - begin);
     return Value(part);
@@ -21,21 +25,27 @@ Value part_of(const Ref<String>& text, std::size_t begin, std::size_t count) {
 
 Value length(Context& context, Arguments arguments) {
     const Value value = plain_argument(context, arguments, 0);
-    if (value.is(Type::Null)) return Value(kNull);
+    if (value.is(Type::Null)) {
+        return Value(kNull);
+    }
     return long_value(to_text(context, value)->units().size());
 }
 
 Value left(Context& context, Arguments arguments) {
     const Value value = plain_argument(context, arguments, 0);
     const std::size_t count = count_of(context, arguments[1]);
-    if (value.is(Type::Null)) return Value(kNull);
+    if (value.is(Type::Null)) {
+        return Value(kNull);
+    }
     return part_of(to_text(context, value), 0, count);
 }
 
 Value right(Context& context, Arguments arguments) {
     const Value value = plain_argument(context, arguments, 0);
     const std::size_t count = count_of(context, arguments[1]);
-    if (value.is(Type::Null)) return Value(kNull);
+    if (value.is(Type::Null)) {
+        return Value(kNull);
+    }
     const Ref<String> text = to_text(context, value);
     const std::size_t size = text->units().size();
     return part_of(text, size - std::min(count, size), count);
@@ -46,7 +56,9 @@ Value middle(Context& context, Arguments arguments) {
     const std::size_t start = count_of(context, arguments[1], 1);
     const std::size_t count =
         is_given(arguments, 2) ? count_of(context, arguments[2]) : String::kMaximumUnits;
-    if (value.is(Type::Null)) return Value(kNull);
+    if (value.is(Type::Null)) {
+        return Value(kNull);
+    }
     return part_of(to_text(context, value), start - 1, count);
 }
 
@@ -55,25 +67,35 @@ enum class Ends : std::uint8_t { Left, Right, Both };
 template <Ends ends>
 Value trimmed(Context& context, Arguments arguments) {
     const Value value = plain_argument(context, arguments, 0);
-    if (value.is(Type::Null)) return Value(kNull);
+    if (value.is(Type::Null)) {
+        return Value(kNull);
+    }
     const Ref<String> text = to_text(context, value);
     const std::u16string_view units = text->units();
     std::size_t begin = 0;
     std::size_t end = units.size();
-    if (ends != Ends::Right) begin = std::min(units.find_first_not_of(u' '), end);
-    if (ends != Ends::Left) end = std::max(units.find_last_not_of(u' ') + 1, begin);
+    if (ends != Ends::Right) {
+        begin = std::min(units.find_first_not_of(u' '), end);
+    }
+    if (ends != Ends::Left) {
+        end = std::max(units.find_last_not_of(u' ') + 1, begin);
+    }
     return part_of(text, begin, end - begin);
 }
 
 template <char16_t (*in_case)(char16_t) noexcept>
 Value in_other_case(Context& context, Arguments arguments) {
     const Value value = plain_argument(context, arguments, 0);
-    if (value.is(Type::Null)) return Value(kNull);
+    if (value.is(Type::Null)) {
+        return Value(kNull);
+    }
     const Ref<String> text = to_text(context, value);
     const std::u16string_view units = text->units();
     const auto changes = [](char16_t unit) { return in_case(unit) != unit; };
     const auto first = std::ranges::find_if(units, changes);
-    if (first == units.end()) return Value(text);
+    if (first == units.end()) {
+        return Value(text);
+    }
     std::u16string result(units);
     std::transform(first, units.end(), result.begin() + (first - units.begin()), in_case);
     return Value(std::move(result));
@@ -86,7 +108,9 @@ Value reversed(Context& context, Arguments arguments) {
 }
 
 Value repeated(std::size_t count, char16_t unit) {
-    if (count > String::kMaximumUnits) throw ScriptError(ErrorNumber::OutOfStringSpace);
+    if (count > String::kMaximumUnits) {
+        throw ScriptError(ErrorNumber::OutOfStringSpace);
+    }
     return Value(std::u16string(count, unit));
 }
 
@@ -98,7 +122,9 @@ Value spaces(Context& context, Arguments arguments) {
 char16_t repeated_unit(Context& context, const Value& value) {
     constexpr std::int32_t kCharacters = 256;
     if (value.is(Type::String)) {
-        if (value.units().empty()) throw ScriptError(ErrorNumber::InvalidProcedureCall);
+        if (value.units().empty()) {
+            throw ScriptError(ErrorNumber::InvalidProcedureCall);
+        }
         return value.units().front();
     }
     const std::int32_t rest = to_long(context, value) % kCharacters;
@@ -109,7 +135,9 @@ char16_t repeated_unit(Context& context, const Value& value) {
 Value repeated_character(Context& context, Arguments arguments) {
     const Value count = plain_argument(context, arguments, 0);
     const Value character = plain_argument(context, arguments, 1);
-    if (count.is(Type::Null) || character.is(Type::Null)) return Value(kNull);
+    if (count.is(Type::Null) || character.is(Type::Null)) {
+        return Value(kNull);
+    }
     return repeated(count_of(context, count), repeated_unit(context, character));
 }
 

@@ -26,7 +26,9 @@ using Arguments = std::span<const Value>;
 [[nodiscard]] inline std::size_t count_of(Context& context, const Value& argument,
                                           std::int32_t least = 0) {
     const std::int32_t number = to_long(context, argument);
-    if (number < least) throw ScriptError(ErrorNumber::InvalidProcedureCall);
+    if (number < least) {
+        throw ScriptError(ErrorNumber::InvalidProcedureCall);
+    }
     return static_cast<std::size_t>(number);
 }
 

@@ -10,7 +10,9 @@ namespace {
 
 Value length(Context& context, Arguments arguments) {
     const Value value = plain_argument(context, arguments, 0);
-    if (value.is(Type::Null)) return Value(kNull);
+    if (value.is(Type::Null)) {
+        return Value(kNull);
+    }
     return long_value(to_text(context, value)->byte_size());
 }
 
@@ -21,7 +23,9 @@ std::string bytes_of_argument(Context& context, const Value& value) {
 Value left(Context& context, Arguments arguments) {
     const Value value = plain_argument(context, arguments, 0);
     const std::size_t count = count_of(context, arguments[1]);
-    if (value.is(Type::Null)) return Value(kNull);
+    if (value.is(Type::Null)) {
+        return Value(kNull);
+    }
     const std::string bytes = bytes_of_argument(context, value);
     return Value(text_of_bytes(std::string_view(bytes).substr(0, count)));
 }
@@ -29,7 +33,9 @@ Value left(Context& context, Arguments arguments) {
 Value right(Context& context, Arguments arguments) {
     const Value value = plain_argument(context, arguments, 0);
     const std::size_t count = count_of(context, arguments[1]);
-    if (value.is(Type::Null)) return Value(kNull);
+    if (value.is(Type::Null)) {
+        return Value(kNull);
+    }
     const std::string bytes = bytes_of_argument(context, value);
     const std::size_t begin = bytes.size() - std::min(count, bytes.size());
     return Value(text_of_bytes(std::string_view(bytes).substr(begin)));
@@ -40,7 +46,9 @@ Value middle(Context& context, Arguments arguments) {
     const std::size_t start = count_of(context, arguments[1], 1);
     const std::size_t count =
         is_given(arguments, 2) ? count_of(context, arguments[2]) : std::string::npos;
-    if (value.is(Type::Null)) return Value(kNull);
+    if (value.is(Type::Null)) {
+        return Value(kNull);
+    }
     const std::string bytes = bytes_of_argument(context, value);
     const std::size_t begin = std::min(start - 1, bytes.size());
     return Value(text_of_bytes(std::string_view(bytes).substr(begin, count)));
@@ -60,11 +68,17 @@ Value position(Context& context, Arguments arguments) {
     static_cast<void>(case_of(context, arguments, 3));
     const Value whole_value = plain_argument(context, arguments, first);
     const Value part_value = plain_argument(context, arguments, first + 1);
-    if (whole_value.is(Type::Null) || part_value.is(Type::Null)) return Value(kNull);
+    if (whole_value.is(Type::Null) || part_value.is(Type::Null)) {
+        return Value(kNull);
+    }
     const std::string whole = bytes_of_argument(context, whole_value);
     const std::string part = bytes_of_argument(context, part_value);
-    if (start > whole.size()) return long_value(0);
-    if (part.empty()) return long_value(start);
+    if (start > whole.size()) {
+        return long_value(0);
+    }
+    if (part.empty()) {
+        return long_value(start);
+    }
     return long_value(find_in_units(whole, part, start - 1) + 1);
 }
 

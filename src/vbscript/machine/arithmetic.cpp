@@ -44,7 +44,9 @@ Value Machine::compared(Comparison comparison, const Value* left, const Value* r
     const bool is_right = code.is_literal(right);
     const Value& first = referred(*left);
     const Value& second = referred(*right);
-    if (!is_left && !is_right) return compare(context_, comparison, first, second);
+    if (!is_left && !is_right) {
+        return compare(context_, comparison, first, second);
+    }
     const Literals literals = is_left && is_right ? Literals::Both
                               : is_left           ? Literals::Left
                                                   : Literals::Right;
@@ -131,11 +133,15 @@ bool Machine::append_in_place(Value& target, const Value& source) {
         return false;
     }
     if (source.is(Type::String)) {
-        if (&source.text() == &target.text() || source.text().has_half_unit()) return false;
+        if (&source.text() == &target.text() || source.text().has_half_unit()) {
+            return false;
+        }
         target.text().append(source.units());
         return true;
     }
-    if (!fast::is_whole(source)) return false;
+    if (!fast::is_whole(source)) {
+        return false;
+    }
     char16_t digits[12];
     char16_t* first = digits + std::size(digits);
     const std::int32_t number = source.number();
@@ -145,7 +151,9 @@ bool Machine::append_in_place(Value& target, const Value& source) {
         *--first = static_cast<char16_t>(u'0' + rest % 10);
         rest /= 10;
     } while (rest != 0);
-    if (number < 0) *--first = u'-';
+    if (number < 0) {
+        *--first = u'-';
+    }
     target.text().append({first, static_cast<std::size_t>(digits + std::size(digits) - first)});
     return true;
 }

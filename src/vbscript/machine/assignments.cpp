@@ -9,8 +9,12 @@
 namespace vbscript {
 
 void Machine::unlock(Value* lock) noexcept {
-    if (lock->type() != Value::kLockedArray) return;
-    if (lock->type() != Value::kLockedArray) return;
+    if (lock->type() != Value::kLockedArray) {
+        return;
+    }
+    if (lock->type() != Value::kLockedArray) {
+        return;
+    }
     Array& array = lock->array();
     lock->set_number(Type::Empty, 0);
     array.unlock();
@@ -24,7 +28,9 @@ Value Machine::taken(Value* place) {
         consume(place);
         return copy;
     }
-    if (!place->is_heavy() || !is_temporary(place)) return *place;
+    if (!place->is_heavy() || !is_temporary(place)) {
+        return *place;
+    }
     return std::move(*place);
 }
 
@@ -35,19 +41,27 @@ void Machine::put(Value* place, Value value) noexcept {
 
 // A copy as another variable or a parameter by value gets it: fixed arrays become dynamic.
 Value Machine::copy_of(const Value& value) {
-    if (value.is(Type::Array) && value.array().is_fixed()) return Value(value.array().copy());
+    if (value.is(Type::Array) && value.array().is_fixed()) {
+        return Value(value.array().copy());
+    }
     return value;
 }
 
 // What an assignment without `Set` stores.
 Value Machine::let_form(Value value) {
-    if (value.is(Type::Object)) return context_.plain(value);
-    if (value.is(Type::Array) && value.array().is_fixed()) return Value(value.array().copy());
+    if (value.is(Type::Object)) {
+        return context_.plain(value);
+    }
+    if (value.is(Type::Array) && value.array().is_fixed()) {
+        return Value(value.array().copy());
+    }
     return value;
 }
 
 void Machine::put_result(Value* place, Value value, ResultUse use) {
-    if (use == ResultUse::Nothing) return;
+    if (use == ResultUse::Nothing) {
+        return;
+    }
     put(place, use == ResultUse::Let ? let_form(std::move(value)) : std::move(value));
 }
 
@@ -61,7 +75,9 @@ void Machine::let(Value* target, Value* source) {
 
 void Machine::set(Value* target, Value* source) {
     Value value = taken(source);
-    if (!value.is(Type::Object)) throw ScriptError(ErrorNumber::ObjectRequired);
+    if (!value.is(Type::Object)) {
+        throw ScriptError(ErrorNumber::ObjectRequired);
+    }
     put(target, std::move(value));
 }
 

@@ -41,7 +41,9 @@ class Machine::RunScope {
     ~RunScope() {
         while (machine_.top_ != top_)
             machine_.abandon();
-        if (machine_.is_running()) return;
+        if (machine_.is_running()) {
+            return;
+        }
         machine_.is_timed_out_ = false;
         machine_.symbols_.drop_retired_code();
     }
@@ -100,7 +102,9 @@ Frame* Machine::push_entry(Code& code, Value* result) {
     Value* const base = top_->end;
     Value* const end = base + code.register_count;
     Frame* const frame = top_ + 1;
-    if (end > stack_end_ || frame == last_frame_) grow_stack(end, frame);
+    if (end > stack_end_ || frame == last_frame_) {
+        grow_stack(end, frame);
+    }
     const auto registers = reinterpret_cast<std::uintptr_t>(base);
     const auto far_registers = registers + static_cast<std::uintptr_t>(kFarBias);
     const auto globals = reinterpret_cast<std::uintptr_t>(symbols_.arena().begin());
@@ -124,7 +128,9 @@ Value Machine::run(Code& code, const std::function<void(Frame&)>& prepare) {
     const RunScope scope(*this);
     Value result;
     Frame* const frame = push_entry(code, &result);
-    if (prepare) prepare(*frame);
+    if (prepare) {
+        prepare(*frame);
+    }
     top_ = frame;
     execute_frames(frame);
     rethrow_pending();
@@ -134,24 +140,32 @@ Value Machine::run(Code& code, const std::function<void(Frame&)>& prepare) {
 Value Machine::call(Procedure& procedure, Instance* self, std::span<Value> arguments) {
     const RunScope scope(*this);
     Code& code = code_of(procedure);
-    if (arguments.size() != code.argument_count) refuse_arguments();
+    if (arguments.size() != code.argument_count) {
+        refuse_arguments();
+    }
     Value result;
     Frame* const frame = push_entry(code, procedure.has_result() ? &result : nullptr);
     Value* place = frame->base;
-    if (procedure.owner != nullptr) *place++ = Value(Ref<Object>(self));
+    if (procedure.owner != nullptr) {
+        *place++ = Value(Ref<Object>(self));
+    }
     for (Value& argument : arguments) {
         place->set_reference(argument.is_reference() ? argument.variable() : argument);
         ++place;
     }
     top_ = frame;
-    if (code.has_by_value) settle_values(code, frame->base);
+    if (code.has_by_value) {
+        settle_values(code, frame->base);
+    }
     execute_frames(frame);
     rethrow_pending();
     return result;
 }
 
 Code& Machine::code_of(Procedure& procedure) {
-    if (!procedure.code) compile(procedure);
+    if (!procedure.code) {
+        compile(procedure);
+    }
     return *procedure.code;
 }
 
@@ -173,13 +187,17 @@ void Machine::refuse_arguments() {
 void Machine::settle_values(const Code& code, Value* base) {
     for (const std::uint32_t number : code.by_value) {
         Value& parameter = base[number];
-        if (parameter.is_reference()) parameter = copy_of(parameter.variable());
+        if (parameter.is_reference()) {
+            parameter = copy_of(parameter.variable());
+        }
     }
 }
 
 void Machine::release_registers(Value* from, Value* to) noexcept {
     for (Value* place = from; place != to; ++place) {
-        if (!place->is_heavy()) continue;
+        if (!place->is_heavy()) {
+            continue;
+        }
         if (place->type() == Value::kLockedArray) {
             unlock(place);
             continue;
@@ -191,7 +209,9 @@ void Machine::release_registers(Value* from, Value* to) noexcept {
 
 // Locals and temporaries that code outside of procedures keeps elsewhere.
 void Machine::release_own(Frame* frame) noexcept {
-    if (!frame->code->is_outside) return;
+    if (!frame->code->is_outside) {
+        return;
+    }
     const std::span<Value> own = frame->code->own();
     release_registers(own.data(), own.data() + own.size());
 }
@@ -199,8 +219,9 @@ void Machine::release_own(Frame* frame) noexcept {
 void Machine::leave() noexcept {
     Frame* const frame = top_;
     release_registers(frame->base, frame->base + frame->code->local_count);
-    if (frame->owns_names) [[unlikely]]
-        dynamic_names_.pop_back();
+    if (frame->owns_names) {
+        [[unlikely]] dynamic_names_.pop_back();
+    }
     top_ = frame - 1;
 }
 
@@ -213,7 +234,9 @@ void Machine::abandon() noexcept {
 
 void Machine::set_time_limit(std::optional<std::chrono::milliseconds> limit) noexcept {
     limit_ = limit && limit->count() > 0 ? limit : std::nullopt;
-    if (is_running()) start_clock();
+    if (is_running()) {
+        start_clock();
+    }
 }
 
 void Machine::start_clock() {
@@ -229,8 +252,9 @@ void Machine::tick() {
 }
 
 void Machine::rethrow_pending() {
-    if (pending_) [[unlikely]]
-        std::rethrow_exception(std::exchange(pending_, nullptr));
+    if (pending_) {
+        [[unlikely]] std::rethrow_exception(std::exchange(pending_, nullptr));
+    }
 }
 
 void Machine::call_last_words(Procedure& procedure, Instance& instance) noexcept {
@@ -245,8 +269,12 @@ void Machine::call_last_words(Procedure& procedure, Instance& instance) noexcept
 }
 
 void Machine::check_time() {
-    if (!is_running() || !deadline_) return;
-    if (!is_timed_out_ && host_.uptime() < *deadline_) return;
+    if (!is_running() || !deadline_) {
+        return;
+    }
+    if (!is_timed_out_ && host_.uptime() < *deadline_) {
+        return;
+    }
     if (!is_timed_out_ && host_.may_go_on()) {
         deadline_ = host_.uptime() + *limit_;
         return;

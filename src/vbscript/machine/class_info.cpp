@@ -40,7 +40,9 @@ ClassInfo::ClassInfo(const ast::Class& tree, std::shared_ptr<const Program> prog
 
 ClassMember& ClassInfo::member(std::u16string_view folded) {
     const auto [place, is_new] = index_.try_emplace(folded, members_.size());
-    if (is_new) members_.emplace_back().name = folded;
+    if (is_new) {
+        members_.emplace_back().name = folded;
+    }
     return members_[place->second];
 }
 
@@ -53,7 +55,9 @@ void ClassInfo::add_procedure(const ast::Procedure& tree, Module& module, NameTa
     if (tree.kind == ast::ProcedureKind::Sub && row.name == u"class_terminate") {
         terminate_ = procedure.get();
     }
-    if (tree.is_default) default_member_ = &row;
+    if (tree.is_default) {
+        default_member_ = &row;
+    }
     switch (tree.kind) {
         case ast::ProcedureKind::PropertyLet:
             row.let = std::move(procedure);
@@ -73,9 +77,13 @@ const ClassMember* ClassInfo::find(std::u16string_view folded) const noexcept {
 }
 
 bool ClassInfo::is_visible(const ClassMember& member) noexcept {
-    if (member.is_field()) return member.is_public_field;
+    if (member.is_field()) {
+        return member.is_public_field;
+    }
     for (const auto* procedure : {&member.get, &member.let, &member.set}) {
-        if (*procedure && is_public(*(*procedure)->tree)) return true;
+        if (*procedure && is_public(*(*procedure)->tree)) {
+            return true;
+        }
     }
     return false;
 }
@@ -83,7 +91,9 @@ bool ClassInfo::is_visible(const ClassMember& member) noexcept {
 void ClassInfo::release_code() noexcept {
     for (const ClassMember& row : members_) {
         for (const auto* procedure : {&row.get, &row.let, &row.set}) {
-            if (*procedure) (*procedure)->code = nullptr;
+            if (*procedure) {
+                (*procedure)->code = nullptr;
+            }
         }
     }
 }

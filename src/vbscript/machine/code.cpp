@@ -23,7 +23,9 @@ void Code::allocate_own(std::uint32_t locals, std::uint32_t temporaries) {
 
 bool Code::is_literal(const Value* place) const noexcept {
     const Value* const first = arena_.begin() + first_constant_;
-    if (place < first || place >= first + constant_count_) return false;
+    if (place < first || place >= first + constant_count_) {
+        return false;
+    }
     return place->is(Type::String) || place->is(Type::Integer) || place->is(Type::Long) ||
            place->is(Type::Double);
 }

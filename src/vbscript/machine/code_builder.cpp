@@ -48,7 +48,9 @@ Op final_form(const Instruction& instruction) noexcept {
     };
     const bool has_far =
         is_far(0, instruction.a) || is_far(1, instruction.b) || is_far(2, instruction.c);
-    if (!row.has_near_form || has_far) return instruction.op;
+    if (!row.has_near_form || has_far) {
+        return instruction.op;
+    }
     return static_cast<Op>(static_cast<int>(instruction.op) + 1);
 }
 
@@ -117,7 +119,9 @@ Place CodeBuilder::local(std::uint32_t number) noexcept {
 }
 
 Place CodeBuilder::new_reference() {
-    if (references_in_use_ == references_.size()) references_.push_back(new_local());
+    if (references_in_use_ == references_.size()) {
+        references_.push_back(new_local());
+    }
     return local(references_[references_in_use_++]);
 }
 
@@ -134,7 +138,9 @@ Place CodeBuilder::constant(const Value& value) {
     } else if (value.is(Type::String)) {
         place = texts_.try_emplace(std::u16string(value.units()), next).first->second;
     }
-    if (place == next) constants_.push_back(value);
+    if (place == next) {
+        constants_.push_back(value);
+    }
     return {kConstants + bytes(place), false, true};
 }
 
@@ -165,14 +171,20 @@ Place CodeBuilder::neighbour(Place window, std::uint32_t distance) noexcept {
 // Code outside of procedures runs once at a time, so that its locals and temporaries can stand
 // beside its constants, where they are near; only windows stand on the stack.
 std::int32_t CodeBuilder::final_place(std::int32_t field) const noexcept {
-    if (field >= kEnd) return field;
+    if (field >= kEnd) {
+        return field;
+    }
     const bool is_outside = kind_ == Kind::Outside;
     const std::int32_t own = is_outside ? bytes(code_->first_own()) : 0;
-    if (field >= kLocals) return own + (field - kLocals);
+    if (field >= kLocals) {
+        return own + (field - kLocals);
+    }
     if (field >= kWindows) {
         return is_outside ? field - kWindows - kFarBias : bytes(locals_) + (field - kWindows);
     }
-    if (field >= kTemporaries) return own + bytes(locals_) + (field - kTemporaries);
+    if (field >= kTemporaries) {
+        return own + bytes(locals_) + (field - kTemporaries);
+    }
     const std::int32_t constant = bytes(code_->first_constant()) + (field - kConstants);
     return is_outside ? constant : constant - kFarBias;
 }
@@ -180,7 +192,9 @@ std::int32_t CodeBuilder::final_place(std::int32_t field) const noexcept {
 Ref<Code> CodeBuilder::finish() {
     const bool is_outside = kind_ == Kind::Outside;
     code_->adopt_constants(std::move(constants_));
-    if (is_outside) code_->allocate_own(locals_, most_temporaries_);
+    if (is_outside) {
+        code_->allocate_own(locals_, most_temporaries_);
+    }
     for (Instruction& instruction : code_->instructions) {
         instruction.a = final_place(instruction.a);
         instruction.b = final_place(instruction.b);

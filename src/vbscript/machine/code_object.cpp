@@ -14,10 +14,14 @@ NameId name_of(MemberId member) noexcept {
 }  // namespace
 
 std::optional<MemberId> CodeObject::find_member(std::u16string_view name) const {
-    if (link_->machine == nullptr) return std::nullopt;
+    if (link_->machine == nullptr) {
+        return std::nullopt;
+    }
     const NameId id = link_->machine->symbols().names().intern(name);
     const ModuleName* const found = module_.find(id);
-    if (found == nullptr || std::holds_alternative<Ref<ClassInfo>>(*found)) return std::nullopt;
+    if (found == nullptr || std::holds_alternative<Ref<ClassInfo>>(*found)) {
+        return std::nullopt;
+    }
     return static_cast<MemberId>(id) + 1;
 }
 
@@ -25,13 +29,17 @@ Value CodeObject::invoke(Context& context, MemberId member, Access access,
                          std::span<Value> arguments) {
     const bool is_over = link_->machine == nullptr || member == kDefaultMember;
     const ModuleName* const found = is_over ? nullptr : module_.find(name_of(member));
-    if (found == nullptr) throw ScriptError(ErrorNumber::PropertyOrMethodNotSupported);
+    if (found == nullptr) {
+        throw ScriptError(ErrorNumber::PropertyOrMethodNotSupported);
+    }
     Machine& machine = *link_->machine;
     if (const auto* variable = std::get_if<ModuleVariable>(found)) {
         return access_variable(context, machine.symbols().arena().at(variable->slot), access,
                                arguments);
     }
-    if (access != Access::Call) throw ScriptError(ErrorNumber::IllegalAssignment);
+    if (access != Access::Call) {
+        throw ScriptError(ErrorNumber::IllegalAssignment);
+    }
     if (const auto* procedure = std::get_if<Ref<Procedure>>(found)) {
         return machine.call(**procedure, nullptr, arguments);
     }
@@ -49,7 +57,9 @@ Value CodeObject::access_variable(Context& context, Value& variable, Access acce
         machine.set_element_of(variable, arguments.first(arguments.size() - 1), value, access);
         return {};
     }
-    if (access == Access::Let) value = context.plain(value);
+    if (access == Access::Let) {
+        value = context.plain(value);
+    }
     variable.swap(value);
     return {};
 }

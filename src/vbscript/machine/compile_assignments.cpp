@@ -16,7 +16,9 @@ std::vector<const ast::Expression*> parts_behind(std::u16string_view target,
     const ast::Expression* rest = &value;
     while (rest->kind == ExpressionKind::Binary) {
         const auto& operation = ast::as<ast::Binary>(*rest);
-        if (operation.operation != ast::BinaryOperator::Concatenate) return {};
+        if (operation.operation != ast::BinaryOperator::Concatenate) {
+            return {};
+        }
         parts.insert(parts.begin(), operation.right);
         rest = operation.left;
     }
@@ -69,7 +71,9 @@ void Compiler::assign_variable(Place variable, const ast::Expression& value, Acc
                                const ast::Identifier& target, const Binding& binding) {
     const std::uint32_t height = builder_.temporaries();
     if (access == Access::Let) {
-        if (!append(target, binding, value)) expression(value, {variable, ResultUse::Let});
+        if (!append(target, binding, value)) {
+            expression(value, {variable, ResultUse::Let});
+        }
     } else {
         const Place source = this->value(value);
         builder_.about(value);
@@ -82,7 +86,9 @@ void Compiler::assign_variable(Place variable, const ast::Expression& value, Acc
 bool Compiler::append(const ast::Identifier& target, const Binding& binding,
                       const ast::Expression& value) {
     const auto parts = parts_behind(target.name.folded, value);
-    if (parts.empty()) return false;
+    if (parts.empty()) {
+        return false;
+    }
     const bool may_change = std::ranges::any_of(
         parts, [this](const ast::Expression* part) { return may_run_script(*part); });
     if (parts.size() == 1 && !may_change) {
@@ -93,7 +99,9 @@ bool Compiler::append(const ast::Identifier& target, const Binding& binding,
     const std::uint32_t kept = may_change ? 1 : 0;
     const auto count = static_cast<std::uint32_t>(parts.size()) + kept;
     const Place window = builder_.new_window(count);
-    if (may_change) builder_.emit(Op::Move, window.field, binding.place.field);
+    if (may_change) {
+        builder_.emit(Op::Move, window.field, binding.place.field);
+    }
     for (std::uint32_t place = kept; place < count; ++place) {
         value_into(*parts[place - kept], CodeBuilder::neighbour(window, place));
     }
@@ -147,7 +155,9 @@ void Compiler::assign_member(const ast::Member& target, Arguments arguments,
                              const ast::Expression& value, Access access) {
     const std::uint32_t height = builder_.temporaries();
     Place object = this->value(*target.object);
-    if (may_run_script(arguments)) object = copy_of(object);
+    if (may_run_script(arguments)) {
+        object = copy_of(object);
+    }
     object = keep(object, value);
     assign_member_of(object, target, target.name, arguments, value, access);
     builder_.release_to(height);
@@ -228,7 +238,9 @@ void Compiler::store_element(std::optional<Place> array, const ast::Apply& targe
         const Place place = where();
         builder_.emit(access == Access::Let ? Op::LetElement : Op::SetElement, place.field,
                       index.field, source.field);
-        if (place.is_temporary) builder_.emit(Op::Clear, place.field);
+        if (place.is_temporary) {
+            builder_.emit(Op::Clear, place.field);
+        }
     } else {
         const Place window = builder_.new_window(count + 1);
         for (std::uint32_t place = 0; place < count; ++place) {
@@ -246,7 +258,9 @@ void Compiler::store_element(std::optional<Place> array, const ast::Apply& targe
     }
     builder_.release_to(height);
     // What stands in the stead of a reference, when an index led to no array, ends here.
-    if (!array && target.callee->kind == ExpressionKind::Apply) clear_references(references);
+    if (!array && target.callee->kind == ExpressionKind::Apply) {
+        clear_references(references);
+    }
     builder_.release_references_to(references);
 }
 
@@ -258,7 +272,9 @@ void Compiler::clear_references(std::uint32_t height) {
 
 std::optional<Place> Compiler::address_of_name(const ast::Identifier& node) {
     const Binding binding = scope_.resolve(node.name);
-    if (binding.kind == Binding::Kind::Variable) return binding.place;
+    if (binding.kind == Binding::Kind::Variable) {
+        return binding.place;
+    }
     if (binding.kind == Binding::Kind::OwnMember && binding.member->is_field()) {
         const Place reference = builder_.new_reference();
         builder_.emit(Op::FieldReference, reference.field, binding.member->field);
@@ -275,10 +291,14 @@ bool Compiler::is_element_of_variable(const ast::Expression& node) {
         const bool has_indexes =
             !element.arguments.empty() &&
             std::ranges::find(element.arguments, nullptr) == element.arguments.end();
-        if (!has_indexes) return false;
+        if (!has_indexes) {
+            return false;
+        }
         callee = element.callee;
     }
-    if (callee->kind != ExpressionKind::Identifier || callee == &node) return false;
+    if (callee->kind != ExpressionKind::Identifier || callee == &node) {
+        return false;
+    }
     const Binding binding = scope_.resolve(ast::as<ast::Identifier>(*callee).name);
     return binding.kind == Binding::Kind::Variable ||
            (binding.kind == Binding::Kind::OwnMember && binding.member->is_field());
@@ -286,9 +306,13 @@ bool Compiler::is_element_of_variable(const ast::Expression& node) {
 
 Place Compiler::address(const ast::Expression& node) {
     if (node.kind == ExpressionKind::Identifier) {
-        if (const auto place = address_of_name(ast::as<ast::Identifier>(node))) return *place;
+        if (const auto place = address_of_name(ast::as<ast::Identifier>(node))) {
+            return *place;
+        }
     }
-    if (!is_element_of_variable(node)) return value(node);
+    if (!is_element_of_variable(node)) {
+        return value(node);
+    }
     const auto& element = ast::as<ast::Apply>(node);
     const Place reference = builder_.new_reference();
     const auto count = static_cast<std::uint32_t>(element.arguments.size());

@@ -11,7 +11,9 @@ using ast::ExpressionKind;
 }  // namespace
 
 void Compiler::require(bool fits) {
-    if (!fits) throw ScriptError(ErrorNumber::OutOfMemory);
+    if (!fits) {
+        throw ScriptError(ErrorNumber::OutOfMemory);
+    }
 }
 
 int Compiler::extra(std::size_t arguments, ResultUse use) const {
@@ -38,10 +40,14 @@ Compiler::Window Compiler::open_window(std::uint32_t places, Arguments arguments
     Window window;
     window.height = builder_.temporaries();
     const bool has_locks = std::ranges::any_of(arguments, &Compiler::may_be_element);
-    if (has_locks) static_cast<void>(builder_.new_temporary());
+    if (has_locks) {
+        static_cast<void>(builder_.new_temporary());
+    }
     window.result = want.place ? *want.place : CodeBuilder::temporary(window.height);
     for (const ast::Expression* argument : arguments) {
-        if (!may_be_element(argument)) continue;
+        if (!may_be_element(argument)) {
+            continue;
+        }
         const auto indexes = ast::as<ast::Apply>(*argument).arguments.size();
         window.locks.push_back({builder_.new_window(static_cast<std::uint32_t>(indexes) + 1)});
     }
@@ -52,7 +58,9 @@ Compiler::Window Compiler::open_window(std::uint32_t places, Arguments arguments
 
 Place Compiler::close_window(Window& window) {
     for (const Lock& lock : window.locks) {
-        if (lock.is_used) builder_.emit(Op::Unlock, lock.place.field);
+        if (lock.is_used) {
+            builder_.emit(Op::Unlock, lock.place.field);
+        }
     }
     builder_.release_to(window.height);
     return window.has_result_place ? window.result : builder_.new_temporary();
@@ -67,7 +75,9 @@ void Compiler::pass_arguments(Window& window, std::uint32_t skip, Arguments argu
         const Place place =
             CodeBuilder::neighbour(window.first, skip + static_cast<std::uint32_t>(number));
         pass_argument(window, arguments[number], place, by_value, lock);
-        if (may_be_element(arguments[number])) ++lock;
+        if (may_be_element(arguments[number])) {
+            ++lock;
+        }
     }
 }
 
@@ -82,7 +92,9 @@ void Compiler::pass_argument(Window& window, const ast::Expression* argument, Pl
                        pass_variable(ast::as<ast::Identifier>(*argument), place)) ||
                       (may_be_element(argument) &&
                        pass_element(window.locks[lock], ast::as<ast::Apply>(*argument), place)));
-    if (!is_passed) value_into(*argument, place);
+    if (!is_passed) {
+        value_into(*argument, place);
+    }
 }
 
 bool Compiler::pass_variable(const ast::Identifier& argument, Place place) {
@@ -99,9 +111,13 @@ bool Compiler::pass_variable(const ast::Identifier& argument, Place place) {
 }
 
 bool Compiler::pass_element(Lock& lock, const ast::Apply& argument, Place place) {
-    if (!is_element_of_variable(argument)) return false;
+    if (!is_element_of_variable(argument)) {
+        return false;
+    }
     const auto& name = ast::as<ast::Identifier>(*argument.callee);
-    if (scope_.resolve(name.name).is_result) return false;
+    if (scope_.resolve(name.name).is_result) {
+        return false;
+    }
     const auto count = static_cast<std::uint32_t>(argument.arguments.size());
     for (std::uint32_t index = 0; index < count; ++index) {
         value_into(*argument.arguments[index], CodeBuilder::neighbour(lock.place, index + 1));
@@ -133,7 +149,9 @@ Place Compiler::apply(const ast::Apply& node, Want want) {
 // The result of a call whose callee stood in a temporary goes to the lowest free one.
 Place Compiler::raise(Place result, std::uint32_t height, const Want& want) {
     builder_.release_to(height);
-    if (want.place) return result;
+    if (want.place) {
+        return result;
+    }
     const Place lowest = builder_.new_temporary();
     if (result.is_temporary && result != lowest && want.use != ResultUse::Nothing) {
         builder_.emit(Op::Move, lowest.field, result.field);
@@ -146,14 +164,18 @@ Place Compiler::call_named(const ast::Identifier& callee, const Binding& binding
                            Arguments arguments, Want want, bool is_statement) {
     switch (binding.kind) {
         case Binding::Kind::Variable:
-            if (binding.is_result) return call_itself(arguments, want);
+            if (binding.is_result) {
+                return call_itself(arguments, want);
+            }
             return call_value(binding.place, callee, arguments, want);
         case Binding::Kind::Object:
             return call_value(binding.place, callee, arguments, want);
         case Binding::Kind::OwnMember:
             return call_own(*binding.member, callee, arguments, want);
         case Binding::Kind::Procedure:
-            if (!is_statement && !binding.procedure->has_result()) break;
+            if (!is_statement && !binding.procedure->has_result()) {
+                break;
+            }
             return call_procedure(*binding.procedure, arguments, want);
         case Binding::Kind::Library:
             return call_library(*binding.function, callee.name, arguments, want);
@@ -205,7 +227,9 @@ Place Compiler::call_procedure(Procedure& procedure, Arguments arguments, const 
 
 Place Compiler::call_own(const ClassMember& member, const ast::Identifier& callee,
                          Arguments arguments, const Want& want) {
-    if (!member.is_field() && member.get) return call_own_procedure(*member.get, arguments, want);
+    if (!member.is_field() && member.get) {
+        return call_own_procedure(*member.get, arguments, want);
+    }
     if (!member.is_field()) {
         return fail(ErrorNumber::PropertyOrMethodNotSupported, callee.name, want);
     }
@@ -214,7 +238,9 @@ Place Compiler::call_own(const ClassMember& member, const ast::Identifier& calle
         const bool is_direct = want.place && want.use == ResultUse::Value;
         const Place into = is_direct ? *want.place : builder_.new_temporary();
         builder_.emit(Op::LoadField, into.field, member.field);
-        if (is_direct || !want.place) return into;
+        if (is_direct || !want.place) {
+            return into;
+        }
         builder_.release_to(height);
         return settle(into, want);
     }
@@ -240,7 +266,9 @@ Place Compiler::call_own_procedure(Procedure& procedure, Arguments arguments, co
 Place Compiler::call_member(const ast::Member& node, Arguments arguments, const Want& want) {
     const std::uint32_t height = builder_.temporaries();
     Place object = value(*node.object);
-    if (may_run_script(arguments)) object = copy_of(object);
+    if (may_run_script(arguments)) {
+        object = copy_of(object);
+    }
     const Place result = call_member_of(object, node, node.name, arguments, want);
     return raise(result, height, want);
 }
@@ -260,7 +288,9 @@ Place Compiler::call_library(const LibraryFunction& function, const ast::Name& n
                              Arguments arguments, const Want& want) {
     const bool fits = arguments.size() >= function.required &&
                       (function.accepted == kAnyNumber || arguments.size() <= function.accepted);
-    if (!fits) return fail(ErrorNumber::WrongNumberOfArguments, name, want);
+    if (!fits) {
+        return fail(ErrorNumber::WrongNumberOfArguments, name, want);
+    }
     const std::uint32_t height = builder_.temporaries();
     builder_.code().functions.push_back(&function);
     const auto number = static_cast<std::int32_t>(builder_.code().functions.size() - 1);
@@ -296,7 +326,9 @@ Place Compiler::call_special(Special special, const ast::Name& name, Arguments a
     if (special == Special::Eval) {
         const Place result = builder_.new_temporary();
         builder_.emit(Op::Evaluate, result.field, text.field);
-        if (!want.place) return result;
+        if (!want.place) {
+            return result;
+        }
         builder_.release_to(height);
         return settle(result, want);
     }

@@ -36,10 +36,14 @@ Op member_of(Op family, int distance) noexcept {
 
 bool Compiler::jump_on_comparison(const ast::Expression& condition, Label target, Op first,
                                   Op first_with_number) {
-    if (condition.kind != ExpressionKind::Binary) return false;
+    if (condition.kind != ExpressionKind::Binary) {
+        return false;
+    }
     const auto& comparison = ast::as<ast::Binary>(condition);
     const auto distance = comparison_of(comparison.operation);
-    if (!distance) return false;
+    if (!distance) {
+        return false;
+    }
     const std::uint32_t height = builder_.temporaries();
     const Place left = keep(value(*comparison.left), *comparison.right);
     if (const auto number = small_number(*comparison.right)) {
@@ -63,8 +67,12 @@ bool Compiler::is_truth(const ast::Expression& node) noexcept {
         }
         case ExpressionKind::Binary: {
             const auto& operation = ast::as<ast::Binary>(node);
-            if (comparison_of(operation.operation)) return true;
-            if (operation.operation == BinaryOperator::Is) return true;
+            if (comparison_of(operation.operation)) {
+                return true;
+            }
+            if (operation.operation == BinaryOperator::Is) {
+                return true;
+            }
             const bool joins = operation.operation == BinaryOperator::And ||
                                operation.operation == BinaryOperator::Or;
             return joins && is_truth(*operation.left) && is_truth(*operation.right);
@@ -76,10 +84,14 @@ bool Compiler::is_truth(const ast::Expression& node) noexcept {
 
 // `a And b`, `a Or b` of truths. If `a` decides, the rest is left over: see `Leftover`.
 bool Compiler::jump_on_parts(const ast::Expression& condition, Target target, bool jumps_if) {
-    if (condition.kind != ExpressionKind::Binary || !is_truth(condition)) return false;
+    if (condition.kind != ExpressionKind::Binary || !is_truth(condition)) {
+        return false;
+    }
     const auto& operation = ast::as<ast::Binary>(condition);
     const bool is_and = operation.operation == BinaryOperator::And;
-    if (!is_and && operation.operation != BinaryOperator::Or) return false;
+    if (!is_and && operation.operation != BinaryOperator::Or) {
+        return false;
+    }
     const Label behind = builder_.new_label();
     const Label decided = builder_.new_label();
     const Label then = is_and == jumps_if ? behind : target.jump;
@@ -117,7 +129,9 @@ void Compiler::jump_unless(const ast::Expression& condition, Target target) {
         return;
     }
     const auto constant = constant_of(condition);
-    if (constant && constant->is(Type::Boolean) && constant->boolean()) return;
+    if (constant && constant->is(Type::Boolean) && constant->boolean()) {
+        return;
+    }
     if (jump_on_comparison(condition, target.jump, Op::JumpUnlessEqual,
                            Op::JumpUnlessEqualNumber) ||
         jump_on_parts(condition, target, false)) {
@@ -135,7 +149,9 @@ void Compiler::jump_if(const ast::Expression& condition, Target target) {
     }
     const auto constant = constant_of(condition);
     if (constant && constant->is(Type::Boolean)) {
-        if (constant->boolean()) builder_.jump(Op::Jump, target.jump);
+        if (constant->boolean()) {
+            builder_.jump(Op::Jump, target.jump);
+        }
         return;
     }
     if (jump_on_comparison(condition, target.jump, Op::JumpIfEqual, Op::JumpIfEqualNumber) ||

@@ -48,7 +48,9 @@ Place Compiler::target_of(const Want& want) {
 }
 
 Place Compiler::settle(Place place, const Want& want) {
-    if (!want.place || *want.place == place) return place;
+    if (!want.place || *want.place == place) {
+        return place;
+    }
     const Op op = want.use == ResultUse::Let ? Op::Let : Op::Move;
     builder_.emit(op, want.place->field, place.field);
     return *want.place;
@@ -103,17 +105,23 @@ Place Compiler::identifier(const ast::Identifier& node, Want want, bool is_state
 }
 
 std::optional<Value> Compiler::constant_of(const ast::Expression& node) {
-    if (node.kind == ExpressionKind::Literal) return value_of(ast::as<ast::Literal>(node).value);
+    if (node.kind == ExpressionKind::Literal) {
+        return value_of(ast::as<ast::Literal>(node).value);
+    }
     if (node.kind == ExpressionKind::Identifier) {
         Binding binding = scope_.resolve(ast::as<ast::Identifier>(node).name);
-        if (binding.kind == Binding::Kind::Constant) return binding.constant;
+        if (binding.kind == Binding::Kind::Constant) {
+            return binding.constant;
+        }
     }
     if (node.kind == ExpressionKind::Unary) {
         const auto& operation = ast::as<ast::Unary>(node);
         const bool is_minus = operation.operation == ast::UnaryOperator::Minus;
         if (is_minus && operation.operand->kind == ExpressionKind::Literal) {
             Value value = negated(ast::as<ast::Literal>(*operation.operand).value);
-            if (!value.is(Type::Empty)) return value;
+            if (!value.is(Type::Empty)) {
+                return value;
+            }
         }
     }
     return std::nullopt;
@@ -121,7 +129,9 @@ std::optional<Value> Compiler::constant_of(const ast::Expression& node) {
 
 std::optional<std::int16_t> Compiler::small_number(const ast::Expression& node) {
     const std::optional<Value> value = constant_of(node);
-    if (!value || !value->is(Type::Integer)) return std::nullopt;
+    if (!value || !value->is(Type::Integer)) {
+        return std::nullopt;
+    }
     return static_cast<std::int16_t>(value->number());
 }
 
@@ -130,14 +140,18 @@ Place Compiler::keep(Place place, const ast::Expression& next) {
 }
 
 Place Compiler::copy_of(Place place) {
-    if (place.is_temporary || place.is_constant) return place;
+    if (place.is_temporary || place.is_constant) {
+        return place;
+    }
     const Place copy = builder_.new_temporary();
     builder_.emit(Op::Move, copy.field, place.field);
     return copy;
 }
 
 Place Compiler::binary(const ast::Binary& node, const Want& want) {
-    if (node.operation == BinaryOperator::Concatenate) return concatenate(node, want);
+    if (node.operation == BinaryOperator::Concatenate) {
+        return concatenate(node, want);
+    }
     return plain_binary(kOperations[static_cast<std::size_t>(node.operation)], node, want);
 }
 
@@ -180,7 +194,9 @@ Place Compiler::concatenate(const ast::Binary& node, const Want& want) {
         rest = ast::as<ast::Binary>(*rest).left;
     }
     parts.push_back(rest);
-    if (parts.size() == 2) return plain_binary(Op::Concatenate, node, want);
+    if (parts.size() == 2) {
+        return plain_binary(Op::Concatenate, node, want);
+    }
     std::ranges::reverse(parts);
     const std::uint32_t height = builder_.temporaries();
     const auto count = static_cast<std::uint32_t>(parts.size());
@@ -195,7 +211,9 @@ Place Compiler::concatenate(const ast::Binary& node, const Want& want) {
 }
 
 Place Compiler::unary(const ast::Unary& node, const Want& want) {
-    if (const auto constant = constant_of(node)) return settle(builder_.constant(*constant), want);
+    if (const auto constant = constant_of(node)) {
+        return settle(builder_.constant(*constant), want);
+    }
     constexpr auto kOps = std::to_array<Op>({Op::Negate, Op::Plus, Op::Not});
     const std::uint32_t height = builder_.temporaries();
     const Place operand = value(*node.operand);
@@ -213,7 +231,9 @@ Place Compiler::new_object(const ast::New& node, const Want& want) {
     const ModuleName* found = context_.symbols->find(*context_.module, id);
     const auto* info = found != nullptr ? std::get_if<Ref<ClassInfo>>(found) : nullptr;
     Code& code = builder_.code();
-    if (context_.procedure != nullptr) context_.symbols->watch(id, *context_.procedure);
+    if (context_.procedure != nullptr) {
+        context_.symbols->watch(id, *context_.procedure);
+    }
     if (info != nullptr) {
         code.classes.push_back(info->get());
         builder_.emit(Op::New, window.field, result.field,
@@ -225,7 +245,9 @@ Place Compiler::new_object(const ast::New& node, const Want& want) {
                       static_cast<std::int32_t>(code.class_names.size() - 1));
     }
     builder_.release_to(height);
-    if (want.place) return settle(result, want);
+    if (want.place) {
+        return settle(result, want);
+    }
     return builder_.new_temporary();
 }
 
@@ -271,7 +293,9 @@ bool Compiler::may_run_script(const ast::Expression& node) {
             const auto& call = ast::as<ast::Apply>(node);
             if (call.callee->kind == ExpressionKind::Identifier) {
                 const Binding callee = scope_.resolve(ast::as<ast::Identifier>(*call.callee).name);
-                if (callee.is_result || callee.kind == Binding::Kind::Object) return true;
+                if (callee.is_result || callee.kind == Binding::Kind::Object) {
+                    return true;
+                }
             }
             return may_run_script(*call.callee) || may_run_script(call.arguments);
         }

@@ -71,7 +71,9 @@ void Compiler::loop_while(const ast::Expression& condition, bool until, ast::Blo
 
 std::optional<Place> Compiler::loop_variable(const ast::Name& name) {
     const Binding binding = scope_.resolve(name);
-    if (binding.kind == Binding::Kind::Variable) return binding.place;
+    if (binding.kind == Binding::Kind::Variable) {
+        return binding.place;
+    }
     if (binding.kind == Binding::Kind::OwnMember && binding.member->is_field()) {
         const Place reference = CodeBuilder::local(builder_.new_local());
         builder_.emit(Op::FieldReference, reference.field, binding.member->field);
@@ -90,9 +92,13 @@ void Compiler::compile_for(const ast::For& node) {
     const Place start = CodeBuilder::local(control + 2);
     const std::uint32_t height = builder_.temporaries();
     // If an error keeps the loop from starting, its end finds no limit.
-    if (resumes_next_) clear(control);
+    if (resumes_next_) {
+        clear(control);
+    }
     const auto counter = loop_variable(node.variable);
-    if (!counter) return;
+    if (!counter) {
+        return;
+    }
     value_into(*node.from, start);
     const std::optional<std::int16_t> fixed_step =
         node.step == nullptr ? std::int16_t{1} : small_number(*node.step);
@@ -122,7 +128,9 @@ void Compiler::compile_for_each(const ast::ForEach& node) {
     const std::uint32_t walk = builder_.new_local();
     const Place state = CodeBuilder::local(walk);
     const auto variable = loop_variable(node.variable);
-    if (!variable) return;
+    if (!variable) {
+        return;
+    }
     const std::uint32_t height = builder_.temporaries();
     const Place collection = value(*node.collection);
     builder_.about(*node.collection);

@@ -180,7 +180,9 @@ void Compiler::compile_exit(const ast::Exit& node) {
             builder_.jump(Op::Jump, around->exit);
             return;
         }
-        if (around->has_local) clear(around->local);
+        if (around->has_local) {
+            clear(around->local);
+        }
     }
 }
 

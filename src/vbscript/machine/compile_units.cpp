@@ -54,13 +54,17 @@ void Compiler::declare_all(ast::Block block) {
 // ReDim makes a variable of a name that has no other meaning, also under Option Explicit.
 void Compiler::declare_redim(const ast::ReDim& node) {
     for (const ast::ReDimItem& item : node.items) {
-        if (!scope_.is_known(item.name)) scope_.declare_variable(item.name);
+        if (!scope_.is_known(item.name)) {
+            scope_.declare_variable(item.name);
+        }
     }
 }
 
 void Compiler::make_arrays(std::span<const ast::Declarator> variables) {
     for (const ast::Declarator& variable : variables) {
-        if (!variable.is_array) continue;
+        if (!variable.is_array) {
+            continue;
+        }
         auto& bounds = builder_.code().bounds;
         bounds.emplace_back(variable.bounds.begin(), variable.bounds.end());
         builder_.begin_statement(variable.position);
@@ -82,7 +86,9 @@ Ref<Code> Compiler::finish(std::shared_ptr<const Program> program) {
     code.procedure = context_.procedure != nullptr ? context_.procedure : context_.around;
     code.program = std::move(program);
     code.option_explicit = context_.option_explicit;
-    if (code.has_dynamic_names) scope_.list_registers(code);
+    if (code.has_dynamic_names) {
+        scope_.list_registers(code);
+    }
     return builder_.finish();
 }
 
@@ -94,11 +100,15 @@ void Compiler::add_me() {
 Ref<Code> Compiler::compile_procedure(const Procedure& procedure) {
     const ast::Procedure& tree = *procedure.tree;
     Code& code = builder_.code();
-    if (context_.owner != nullptr) add_me();
+    if (context_.owner != nullptr) {
+        add_me();
+    }
     for (const ast::Parameter& parameter : tree.parameters) {
         const std::uint32_t number = builder_.new_local();
         scope_.add_register(parameter.name, number, !parameter.by_value, false);
-        if (parameter.by_value) code.by_value.push_back(number);
+        if (parameter.by_value) {
+            code.by_value.push_back(number);
+        }
     }
     code.argument_count = static_cast<std::uint32_t>(tree.parameters.size());
     code.first_local = code.argument_count + (context_.owner != nullptr ? 1 : 0);
@@ -118,7 +128,9 @@ Ref<Code> Compiler::compile_outside(std::shared_ptr<const Program> program) {
 }
 
 Ref<Code> Compiler::compile_inside(std::shared_ptr<const Program> program) {
-    if (context_.owner != nullptr) add_me();
+    if (context_.owner != nullptr) {
+        add_me();
+    }
     builder_.code().has_dynamic_names = true;
     compile_body_or_expression(*program);
     return finish(std::move(program));

@@ -12,7 +12,9 @@ using ast::StatementKind;
 void Compiler::begin_variable(const ast::Name& name) {
     const NameId id = scope_.id_of(name);
     static_cast<void>(scope_.resolve(name));
-    if (!scope_.is_still_unused(id)) return;
+    if (!scope_.is_still_unused(id)) {
+        return;
+    }
     builder_.emit(Op::BeginVariable, 0, 0, static_cast<std::int32_t>(id));
 }
 
@@ -38,7 +40,9 @@ void Compiler::begin_variables_of(const ast::Statement& node) {
             return;
         case StatementKind::Call:
             for (const ast::Expression* argument : ast::as<ast::Call>(node).arguments) {
-                if (argument != nullptr) begin_target(*argument);
+                if (argument != nullptr) {
+                    begin_target(*argument);
+                }
             }
             return;
         default:

@@ -29,14 +29,18 @@ constexpr auto kGreaterOrEqual = Comparison::GreaterOrEqual;
 // temporaries.
 template <auto quick, auto general>
 [[gnu::noinline]] void Machine::operate_with(Value* target, Value* left, Value* right) {
-    if (quick(referred(*target), referred(*left), referred(*right))) return;
+    if (quick(referred(*target), referred(*left), referred(*right))) {
+        return;
+    }
     operate(general, target, left, right);
 }
 
 template <auto quick, auto general>
 [[gnu::noinline]] void Machine::operate_with_number(Value* target, Value* left,
                                                     std::int16_t number) {
-    if (quick(referred(*target), referred(*left), number)) return;
+    if (quick(referred(*target), referred(*left), number)) {
+        return;
+    }
     operate_number(general, target, left, number);
 }
 
@@ -45,7 +49,9 @@ template <Comparison comparison>
     bool truth = false;
     const Value& first = referred(*left);
     const Value& second = referred(*right);
-    if (fast::compare<comparison>(first, second, truth)) return truth;
+    if (fast::compare<comparison>(first, second, truth)) {
+        return truth;
+    }
     constexpr bool kIsEquality =
         comparison == Comparison::Equal || comparison == Comparison::NotEqual;
     if (kIsEquality && first.is(Type::String) && second.is(Type::String)) {
@@ -60,7 +66,9 @@ template <Comparison comparison>
 template <Comparison comparison>
 [[gnu::noinline]] bool Machine::holds_for_number(Value* left, std::int16_t number) {
     bool truth = false;
-    if (fast::compare_number<comparison>(referred(*left), number, truth)) return truth;
+    if (fast::compare_number<comparison>(referred(*left), number, truth)) {
+        return truth;
+    }
     return holds_number(comparison, left, number);
 }
 
@@ -75,8 +83,9 @@ template <Comparison comparison>
     }
     Frame* const frame = caller + 1;
     Value* const end = window + code.register_count;
-    if (end > stack_end_ || frame == last_frame_) [[unlikely]]
+    if (end > stack_end_ || frame == last_frame_) [[unlikely]] {
         grow_stack(end, frame);
+    }
     frame->pc = code.instructions.data();
     frame->near = reinterpret_cast<std::uintptr_t>(window);
     frame->far = static_cast<std::ptrdiff_t>(far_base_ - frame->near);
@@ -92,10 +101,13 @@ template <Comparison comparison>
     for (Value* local = window + code.first_local; local != window + code.local_count; ++local) {
         local->set_light(Type::Empty, 0);
     }
-    if (code.has_by_value) settle_values(code, window);
+    if (code.has_by_value) {
+        settle_values(code, window);
+    }
     top_ = frame;
-    if (--ticks_ == 0) [[unlikely]]
+    if (--ticks_ == 0) [[unlikely]] {
         tick();
+    }
     return frame;
 }
 
@@ -144,9 +156,10 @@ void Machine::execute_frames(Frame* const entry) {
     ++pc;    \
     GO
 #define CASE(name) label_##name:
-#define TICK                        \
-    if (--ticks_ == 0) [[unlikely]] \
-    tick()
+#define TICK                          \
+    if (--ticks_ == 0) [[unlikely]] { \
+        tick();                       \
+    }
 #define JUMP                                 \
     {                                        \
         const std::int32_t distance = pc->c; \
@@ -215,7 +228,9 @@ void Machine::execute_frames(Frame* const entry) {
             }
             CASE(PassReference) {
                 Value* variable = B;
-                if (variable->is_reference()) variable = &variable->variable();
+                if (variable->is_reference()) {
+                    variable = &variable->variable();
+                }
                 A->set_reference(*variable);
                 NEXT;
             }
@@ -294,7 +309,9 @@ void Machine::execute_frames(Frame* const entry) {
             CASE(Negate) {
                 Value* const target = A;
                 Value* const operand = B;
-                if (!fast::negate(*target, *operand)) operate(&negate, target, operand);
+                if (!fast::negate(*target, *operand)) {
+                    operate(&negate, target, operand);
+                }
                 NEXT;
             }
             CASE(Plus) {
@@ -304,7 +321,9 @@ void Machine::execute_frames(Frame* const entry) {
             CASE(Not) {
                 Value* const target = A;
                 Value* const operand = B;
-                if (!fast::invert(*target, *operand)) operate(&logical_not, target, operand);
+                if (!fast::invert(*target, *operand)) {
+                    operate(&logical_not, target, operand);
+                }
                 NEXT;
             }
             CASE(ConcatenateMany) {
@@ -344,7 +363,9 @@ void Machine::execute_frames(Frame* const entry) {
         if (!fast::compare<k##name>(*left, *right, truth)) [[unlikely]] { \
             truth = holds_for<k##name>(left, right);                      \
         }                                                                 \
-        if (truth == k##jumps) JUMP;                                      \
+        if (truth == k##jumps) {                                          \
+            JUMP;                                                         \
+        }                                                                 \
         NEXT;                                                             \
     }
 #define JUMP_ON_NUMBER(jumps, name, form)                                           \
@@ -354,7 +375,9 @@ void Machine::execute_frames(Frame* const entry) {
         if (!fast::compare_number<k##name>(*left, pc->extra, truth)) [[unlikely]] { \
             truth = holds_for_number<k##name>(left, pc->extra);                     \
         }                                                                           \
-        if (truth == k##jumps) JUMP;                                                \
+        if (truth == k##jumps) {                                                    \
+            JUMP;                                                                   \
+        }                                                                           \
         NEXT;                                                                       \
     }
 #define COMPARISON(name)            \
@@ -386,7 +409,9 @@ void Machine::execute_frames(Frame* const entry) {
                 if (!fast::compare<kEqual>(*subject, *candidate, truth)) [[unlikely]] {
                     truth = is_case(subject, candidate);
                 }
-                if (truth) JUMP;
+                if (truth) {
+                    JUMP;
+                }
                 NEXT;
             }
             CASE(Jump) {
@@ -396,34 +421,45 @@ void Machine::execute_frames(Frame* const entry) {
                 Value* const condition = A;
                 const bool truth =
                     condition->is(Type::Boolean) ? condition->boolean() : is_true(condition);
-                if (truth) JUMP;
+                if (truth) {
+                    JUMP;
+                }
                 NEXT;
             }
             CASE(JumpUnless) {
                 Value* const condition = A;
                 const bool truth =
                     condition->is(Type::Boolean) ? condition->boolean() : is_true(condition);
-                if (!truth) JUMP;
+                if (!truth) {
+                    JUMP;
+                }
                 NEXT;
             }
             CASE(ForStart) {
-                if (!for_start(A, B)) JUMP;
+                if (!for_start(A, B)) {
+                    JUMP;
+                }
                 NEXT;
             }
-#define FOR_NEXT_ONE(form)                                 \
-    CASE(ForNextOne##form) {                               \
-        Value* const counter = AT##form(pc->a);            \
-        Value* const control = AT##form(pc->b);            \
-        if (fast::count_up(*counter, *control)) [[likely]] \
-            JUMP;                                          \
-        if (for_next(counter, control)) JUMP;              \
-        NEXT;                                              \
+#define FOR_NEXT_ONE(form)                                   \
+    CASE(ForNextOne##form) {                                 \
+        Value* const counter = AT##form(pc->a);              \
+        Value* const control = AT##form(pc->b);              \
+        if (fast::count_up(*counter, *control)) [[likely]] { \
+            JUMP;                                            \
+        }                                                    \
+        if (for_next(counter, control)) {                    \
+            JUMP;                                            \
+        }                                                    \
+        NEXT;                                                \
     }
             FOR_NEXT_ONE()
             FOR_NEXT_ONE(Near)
 #undef FOR_NEXT_ONE
             CASE(ForNext) {
-                if (for_next(A, B)) JUMP;
+                if (for_next(A, B)) {
+                    JUMP;
+                }
                 NEXT;
             }
             CASE(EachStart) {
@@ -431,7 +467,9 @@ void Machine::execute_frames(Frame* const entry) {
                 NEXT;
             }
             CASE(EachNext) {
-                if (each_next(A, B)) JUMP;
+                if (each_next(A, B)) {
+                    JUMP;
+                }
                 NEXT;
             }
 
@@ -604,7 +642,9 @@ void Machine::execute_frames(Frame* const entry) {
                     Value result(std::move(*A));
                     Value* const target = frame->result;
                     const ResultUse use = frame->use;
-                    if (is_entry) release_own(frame);
+                    if (is_entry) {
+                        release_own(frame);
+                    }
                     frame = leave_quickly(frame);
                     RELOAD;
                     if (target == nullptr) {
@@ -615,17 +655,25 @@ void Machine::execute_frames(Frame* const entry) {
                         put_result(target, std::move(result), use);
                     }
                 }
-                if (is_entry) return;
+                if (is_entry) {
+                    return;
+                }
                 NEXT;
             }
             CASE(ReturnNothing) {
                 Value* const target = frame->result;
                 const bool is_entry = frame->is_entry;
-                if (is_entry) release_own(frame);
+                if (is_entry) {
+                    release_own(frame);
+                }
                 frame = leave_quickly(frame);
                 RELOAD;
-                if (target != nullptr) put(target, Value());
-                if (is_entry) return;
+                if (target != nullptr) {
+                    put(target, Value());
+                }
+                if (is_entry) {
+                    return;
+                }
                 NEXT;
             }
 

@@ -16,7 +16,9 @@ namespace {
 class IndexNumbers {
   public:
     IndexNumbers(Context& context, std::span<const Value> indexes) : count_(indexes.size()) {
-        if (count_ > numbers_.size()) throw ScriptError(ErrorNumber::SubscriptOutOfRange);
+        if (count_ > numbers_.size()) {
+            throw ScriptError(ErrorNumber::SubscriptOutOfRange);
+        }
         for (std::size_t place = 0; place < count_; ++place) {
             const Value& index = indexes[place];
             numbers_[place] = fast::is_whole(index) ? index.number() : to_long(context, index);
@@ -45,9 +47,13 @@ Value Machine::element_of(const Value& holder, std::span<Value> arguments) {
         const Ref<Array> array(&holder.array());
         return array->at(IndexNumbers(context_, arguments).all());
     }
-    if (!holder.is(Type::Object)) throw ScriptError(ErrorNumber::TypeMismatch);
+    if (!holder.is(Type::Object)) {
+        throw ScriptError(ErrorNumber::TypeMismatch);
+    }
     const Ref<Object> object(holder.object());
-    if (!object) throw ScriptError(ErrorNumber::ObjectVariableNotSet);
+    if (!object) {
+        throw ScriptError(ErrorNumber::ObjectVariableNotSet);
+    }
     if (!object->has_default_member()) {
         throw ScriptError(ErrorNumber::PropertyOrMethodNotSupported);
     }
@@ -61,7 +67,9 @@ void Machine::index(Value* target, Value* holder, Value* place, ResultUse use) {
         const std::int32_t number =
             fast::is_whole(index) ? index.number() : to_long(context_, index);
         const Value* element = source.array().find(number);
-        if (element == nullptr) element = &source.array().at(std::array{number});
+        if (element == nullptr) {
+            element = &source.array().at(std::array{number});
+        }
         Value value(*element);
         consume(place);
         consume(holder);
@@ -78,7 +86,9 @@ void Machine::index(Value* target, Value* holder, Value* place, ResultUse use) {
 // The element, if the holder is an array and all indexes are whole numbers.
 Value* Machine::plain_element(const Value& holder, std::span<const Value> indexes) {
     const bool is_plain = holder.is(Type::Array) && std::ranges::all_of(indexes, fast::is_whole);
-    if (!is_plain) return nullptr;
+    if (!is_plain) {
+        return nullptr;
+    }
     return &holder.array().at(IndexNumbers(context_, indexes).all());
 }
 
@@ -103,9 +113,13 @@ void Machine::set_element_of(Value& holder, std::span<Value> arguments, Value va
         find_element(holder, arguments)->swap(value);
         return;
     }
-    if (!holder.is(Type::Object)) throw ScriptError(ErrorNumber::TypeMismatch);
+    if (!holder.is(Type::Object)) {
+        throw ScriptError(ErrorNumber::TypeMismatch);
+    }
     const Ref<Object> object(holder.object());
-    if (!object) throw ScriptError(ErrorNumber::ObjectVariableNotSet);
+    if (!object) {
+        throw ScriptError(ErrorNumber::ObjectVariableNotSet);
+    }
     if (!object->has_default_member()) {
         throw ScriptError(ErrorNumber::PropertyOrMethodNotSupported);
     }
@@ -175,7 +189,9 @@ void Machine::pass_element(Value* target, Value* array, Value* lock, int count) 
 }
 
 Value Machine::object_form(Value value) {
-    if (!value.is(Type::Object)) throw ScriptError(ErrorNumber::ObjectRequired);
+    if (!value.is(Type::Object)) {
+        throw ScriptError(ErrorNumber::ObjectRequired);
+    }
     return value;
 }
 
@@ -200,7 +216,9 @@ void Machine::redim(Value* target, Value* window, int count, bool preserve) {
 
 void Machine::erase(Value* target) {
     Value& variable = referred(*target);
-    if (!variable.is(Type::Array)) throw ScriptError(ErrorNumber::TypeMismatch);
+    if (!variable.is(Type::Array)) {
+        throw ScriptError(ErrorNumber::TypeMismatch);
+    }
     writable(variable).erase();
     consume(target);
 }

@@ -62,7 +62,9 @@ Value Engine::run(Module& module, std::u16string_view procedure, std::span<Value
     const NameId name = parts_->symbols.names().intern(procedure);
     const ModuleName* const found = parts_->symbols.find(module, name);
     const auto* known = found != nullptr ? std::get_if<Ref<Procedure>>(found) : nullptr;
-    if (known == nullptr) throw ScriptError(ErrorNumber::InvalidProcedureCall, procedure);
+    if (known == nullptr) {
+        throw ScriptError(ErrorNumber::InvalidProcedureCall, procedure);
+    }
     if ((*known)->tree->parameters.size() != arguments.size()) {
         throw ScriptError(ErrorNumber::WrongNumberOfArguments, (*known)->tree->name.spelled);
     }
@@ -86,7 +88,9 @@ std::optional<ProcedureDescription> Engine::find_procedure(const Module& module,
                                                            std::u16string_view name) const {
     const ModuleName* const found = module.find(parts_->symbols.names().intern(name));
     const auto* known = found != nullptr ? std::get_if<Ref<Procedure>>(found) : nullptr;
-    if (known == nullptr) return std::nullopt;
+    if (known == nullptr) {
+        return std::nullopt;
+    }
     return describe(**known);
 }
 
@@ -122,7 +126,9 @@ const Locale& Engine::locale() const noexcept {
 
 void Engine::set_locale(std::int32_t identifier) {
     const Locale* const found = find_locale(identifier);
-    if (found == nullptr) throw ScriptError(ErrorNumber::LocaleSettingNotSupported);
+    if (found == nullptr) {
+        throw ScriptError(ErrorNumber::LocaleSettingNotSupported);
+    }
     parts_->locale = found;
 }
 
@@ -147,7 +153,9 @@ Ref<Object> Engine::procedure_reference(std::u16string_view name) {
     const ModuleName* const found =
         symbols.find(parts_->machine.running_module(), symbols.names().intern(name));
     const auto* known = found != nullptr ? std::get_if<Ref<Procedure>>(found) : nullptr;
-    if (known == nullptr) throw ScriptError(ErrorNumber::InvalidProcedureCall);
+    if (known == nullptr) {
+        throw ScriptError(ErrorNumber::InvalidProcedureCall);
+    }
     return make<ProcedureReference>(**known, parts_->machine.link());
 }
 

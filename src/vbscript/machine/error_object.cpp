@@ -36,13 +36,17 @@ bool is_given(std::span<const Value> arguments, std::size_t place) noexcept {
 std::optional<MemberId> ErrorObject::find_member(std::u16string_view name) const {
     const auto found = std::ranges::find_if(
         kNames, [name](std::u16string_view known) { return equals_ignoring_case(known, name); });
-    if (found == kNames.end()) return std::nullopt;
+    if (found == kNames.end()) {
+        return std::nullopt;
+    }
     return static_cast<MemberId>(found - kNames.begin());
 }
 
 Value ErrorObject::invoke(Context& context, MemberId member, Access access,
                           std::span<Value> arguments) {
-    if (access == Access::Call && member == kRaise) raise(context, arguments);
+    if (access == Access::Call && member == kRaise) {
+        raise(context, arguments);
+    }
     const bool is_write = access != Access::Call;
     if (is_write && (member == kRaise || member == kClear)) {
         throw ScriptError(ErrorNumber::PropertyOrMethodNotSupported);
@@ -54,7 +58,9 @@ Value ErrorObject::invoke(Context& context, MemberId member, Access access,
         write(context, member, arguments.front());
         return {};
     }
-    if (member != kClear) return read(member);
+    if (member != kClear) {
+        return read(member);
+    }
     clear();
     return {};
 }
@@ -95,8 +101,12 @@ void ErrorObject::write(Context& context, MemberId member, const Value& value) {
 }
 
 void ErrorObject::raise(Context& context, std::span<const Value> arguments) {
-    if (arguments.empty()) throw ScriptError(ErrorNumber::ArgumentNotOptional);
-    if (arguments.size() > kRaiseArguments) throw ScriptError(ErrorNumber::WrongNumberOfArguments);
+    if (arguments.empty()) {
+        throw ScriptError(ErrorNumber::ArgumentNotOptional);
+    }
+    if (arguments.size() > kRaiseArguments) {
+        throw ScriptError(ErrorNumber::WrongNumberOfArguments);
+    }
     const std::int32_t number = to_long(context, arguments[0]);
     if (number == 0 || number > kHighestNumber) {
         throw ScriptError(ErrorNumber::InvalidProcedureCall);
@@ -105,12 +115,24 @@ void ErrorObject::raise(Context& context, std::span<const Value> arguments) {
     // What is left out stays as `Err` has it, unless that is the text of another error.
     const bool has_text = error.description != error_text(kUnknown);
     const bool keeps = !error_.description.empty() && (error_.number == number || !has_text);
-    if (keeps) error.description = error_.description;
-    if (keeps && !error_.source.empty()) error.source = error_.source;
-    if (is_given(arguments, 1)) error.source = to_units(context, arguments[1]);
-    if (is_given(arguments, 2)) error.description = to_units(context, arguments[2]);
-    if (is_given(arguments, 3)) error.help_file = to_units(context, arguments[3]);
-    if (is_given(arguments, 4)) error.help_context = to_long(context, arguments[4]);
+    if (keeps) {
+        error.description = error_.description;
+    }
+    if (keeps && !error_.source.empty()) {
+        error.source = error_.source;
+    }
+    if (is_given(arguments, 1)) {
+        error.source = to_units(context, arguments[1]);
+    }
+    if (is_given(arguments, 2)) {
+        error.description = to_units(context, arguments[2]);
+    }
+    if (is_given(arguments, 3)) {
+        error.help_file = to_units(context, arguments[3]);
+    }
+    if (is_given(arguments, 4)) {
+        error.help_context = to_long(context, arguments[4]);
+    }
     throw error;
 }
 

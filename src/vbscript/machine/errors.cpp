@@ -43,7 +43,9 @@ bool is_named(const ScriptError& error) noexcept {
 
 // "object" of "object.member": what an error about the object of an access is about.
 std::u16string text_of_object(const ast::Expression& access) {
-    if (access.kind != ast::ExpressionKind::Member) return text_of(access);
+    if (access.kind != ast::ExpressionKind::Member) {
+        return text_of(access);
+    }
     return text_of(*ast::as<ast::Member>(access).object);
 }
 
@@ -64,16 +66,22 @@ const Code::Subject* Machine::subject() const noexcept {
 
 // Whether the statement is a call of a member of `Err`: what it raises is told as it is.
 bool Machine::is_raised() const noexcept {
-    if (top_->pc->op != Op::CallMember) return false;
+    if (top_->pc->op != Op::CallMember) {
+        return false;
+    }
     const MemberSite& site = top_->code->sites[static_cast<std::size_t>(top_->pc->c)];
     return site.identity == error_->class_identity();
 }
 
 // Adds what the error is about, in the words of the source: the x of "Type mismatch: 'x'".
 void Machine::describe(ScriptError& error) const {
-    if (!is_bare(error) || !is_named(error) || is_raised()) return;
+    if (!is_bare(error) || !is_named(error) || is_raised()) {
+        return;
+    }
     const Code::Subject* const about = subject();
-    if (about == nullptr) return;
+    if (about == nullptr) {
+        return;
+    }
     std::u16string text(about->name);
     if (about->expression != nullptr) {
         text = is_about_object(static_cast<ErrorNumber>(error.number))
@@ -85,7 +93,9 @@ void Machine::describe(ScriptError& error) const {
 
 void Machine::locate(ScriptError& error) const {
     const Code& code = *top_->code;
-    if (code.places.empty()) return;
+    if (code.places.empty()) {
+        return;
+    }
     const ast::Position position = place_of(code, instruction_of(*top_))->position;
     error.line = static_cast<std::int32_t>(position.line);
     error.column = static_cast<std::int32_t>(position.column);
@@ -106,7 +116,9 @@ void Machine::recover(ScriptError error, const Frame* entry) {
     while (top_ != (is_handled ? handler : entry - 1))
         abandon();
     error_->set(error);
-    if (!is_handled) throw error;
+    if (!is_handled) {
+        throw error;
+    }
     release_registers(handler->base + handler->code->local_count, handler->end);
     if (handler->code->is_outside) {
         const std::span<Value> own = handler->code->own_temporaries();

@@ -50,7 +50,9 @@ void Machine::declare_outside(Module& module, const std::shared_ptr<const Progra
     }
     for (const ast::Procedure* tree : program->procedures()) {
         const auto slot = symbols_.declare_procedure(module, *tree, program);
-        if (!slot || !is_running()) continue;
+        if (!slot || !is_running()) {
+            continue;
+        }
         Procedure& procedure = *symbols_.find_procedure(module, tree->name.folded);
         symbols_.arena().at(*slot) = Value(Ref<Object>(make<ProcedureReference>(procedure, link_)));
     }
@@ -62,9 +64,13 @@ void Machine::show_new_names(Module& module) {
     for (const NameId name : top_->code->undeclared_names) {
         Value& variable = top_->base[top_->code->register_names.at(name)];
         const ModuleName* const found = symbols_.find(module, name);
-        if (found == nullptr || !variable.is(Type::Empty)) continue;
+        if (found == nullptr || !variable.is(Type::Empty)) {
+            continue;
+        }
         if (const auto* global = std::get_if<ModuleVariable>(found)) {
-            if (global->is_there) variable.set_reference(symbols_.arena().at(global->slot));
+            if (global->is_there) {
+                variable.set_reference(symbols_.arena().at(global->slot));
+            }
         } else if (const auto* procedure = std::get_if<Ref<Procedure>>(found)) {
             variable = Value(Ref<Object>(make<ProcedureReference>(**procedure, link_)));
         }
@@ -102,7 +108,9 @@ void Machine::execute(Value* text, bool in_global_scope) {
     if (is_outside) {
         Module& module = running_module();
         run_program(module, program);
-        if (!top_->code->is_outside) show_new_names(module);
+        if (!top_->code->is_outside) {
+            show_new_names(module);
+        }
     } else {
         static_cast<void>(run_inside(program));
     }
@@ -111,13 +119,17 @@ void Machine::execute(Value* text, bool in_global_scope) {
 // Runs a text as a part of the procedure on top of the stack.
 Value Machine::run_inside(const std::shared_ptr<const Program>& program) {
     Frame& around = *top_;
-    if (program->expression() == nullptr) own_names(around);
+    if (program->expression() == nullptr) {
+        own_names(around);
+    }
     declare_inside(program, around);
     const Ref<Code> code = compile_inside(program, around);
     const bool is_method = code->owner != nullptr;
     return run(*code, [&](Frame& inner) {
         inner.names = around.names;
-        if (is_method) *inner.base = *around.base;
+        if (is_method) {
+            *inner.base = *around.base;
+        }
         for (const Capture& capture : code->captures) {
             inner.base[capture.into].set_reference(variable_of(around, capture.name));
         }
@@ -140,7 +152,9 @@ Ref<Code> Machine::compile_inside(const std::shared_ptr<const Program>& program,
 }
 
 void Machine::own_names(Frame& frame) {
-    if (frame.names != nullptr) return;
+    if (frame.names != nullptr) {
+        return;
+    }
     frame.names = dynamic_names_.emplace_back(std::make_unique<DynamicNames>()).get();
     frame.owns_names = true;
 }

@@ -60,7 +60,9 @@ namespace vbscript::fast {
         real = value.real();
         return true;
     }
-    if (!is_whole(value)) return false;
+    if (!is_whole(value)) {
+        return false;
+    }
     real = value.number();
     return true;
 }
@@ -72,22 +74,25 @@ namespace vbscript::fast {
 
 // Writes a number to a place that holds a number.
 [[nodiscard]] inline bool put_whole(Value& target, Type type, std::int32_t number) noexcept {
-    if (target.is_heavy()) [[unlikely]]
-        return false;
+    if (target.is_heavy()) {
+        [[unlikely]] return false;
+    }
     target.set_light(type == Type::Integer && !fits_integer(number) ? Type::Long : type, number);
     return true;
 }
 
 [[nodiscard]] inline bool put_real(Value& target, double number) noexcept {
-    if (target.is_heavy() || !std::isfinite(number)) [[unlikely]]
-        return false;
+    if (target.is_heavy() || !std::isfinite(number)) {
+        [[unlikely]] return false;
+    }
     target.set_light(Type::Double, number);
     return true;
 }
 
 [[nodiscard]] inline bool put_boolean(Value& target, bool truth) noexcept {
-    if (target.is_heavy()) [[unlikely]]
-        return false;
+    if (target.is_heavy()) {
+        [[unlikely]] return false;
+    }
     target.set_light(Type::Boolean, truth ? -1 : 0);
     return true;
 }
@@ -177,13 +182,17 @@ template <typename Operation>
 
 template <typename Operation>
 [[nodiscard]] inline bool combine(Value& target, const Value& left, const Value& right) noexcept {
-    if (!are_bits(left, right) || target.is_heavy()) return false;
+    if (!are_bits(left, right) || target.is_heavy()) {
+        return false;
+    }
     target.set_light(left.type(), Operation()(left.number(), right.number()));
     return true;
 }
 
 [[nodiscard]] inline bool invert(Value& target, const Value& operand) noexcept {
-    if (!are_bits(operand, operand) || target.is_heavy()) return false;
+    if (!are_bits(operand, operand) || target.is_heavy()) {
+        return false;
+    }
     target.set_light(operand.type(), ~operand.number());
     return true;
 }
@@ -229,14 +238,18 @@ template <Comparison comparison>
         result = holds<comparison, std::int32_t>(left.number(), right);
         return true;
     }
-    if (!left.is(Type::Double)) return false;
+    if (!left.is(Type::Double)) {
+        return false;
+    }
     result = holds<comparison, double>(left.real(), right);
     return true;
 }
 
 // The next round of a loop whose counter grows by 1; false for the last one as well.
 [[nodiscard]] inline bool count_up(Value& counter, const Value& limit) noexcept {
-    if (!are_whole(counter, limit) || counter.number() >= limit.number()) return false;
+    if (!are_whole(counter, limit) || counter.number() >= limit.number()) {
+        return false;
+    }
     const std::int32_t next = counter.number() + 1;
     counter.set_light(fits_integer(next) ? counter.type() : Type::Long, next);
     return true;

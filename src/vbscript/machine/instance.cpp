@@ -20,7 +20,9 @@ MemberId id_of(std::size_t place) noexcept {
 }
 
 Procedure& public_one(const Ref<Procedure>& procedure) {
-    if (!procedure || !is_public(*procedure->tree)) refuse();
+    if (!procedure || !is_public(*procedure->tree)) {
+        refuse();
+    }
     return *procedure;
 }
 
@@ -30,7 +32,9 @@ Instance::Instance(Ref<ClassInfo> info, Ref<MachineLink> link)
     : info_(std::move(info)), link_(std::move(link)), fields_(info_->fields().size()) {
     for (std::size_t place = 0; place < fields_.size(); ++place) {
         const ast::Declarator& variable = info_->fields()[place].variable;
-        if (!variable.is_array) continue;
+        if (!variable.is_array) {
+            continue;
+        }
         fields_[place] =
             Value(variable.bounds.empty() ? make<Array>() : make<Array>(variable.bounds, true));
     }
@@ -38,7 +42,9 @@ Instance::Instance(Ref<ClassInfo> info, Ref<MachineLink> link)
 
 std::optional<MemberId> Instance::find_member(std::u16string_view name) const {
     const ClassMember* const member = info_->find(to_lower(name));
-    if (member == nullptr || !ClassInfo::is_visible(*member)) return std::nullopt;
+    if (member == nullptr || !ClassInfo::is_visible(*member)) {
+        return std::nullopt;
+    }
     return id_of(static_cast<std::size_t>(member - info_->members().data()));
 }
 
@@ -48,9 +54,13 @@ Value Instance::invoke(Context& context, MemberId number, Access access,
                                           ? info_->default_member()
                                           : &info_->members()[static_cast<std::size_t>(number) - 1];
     Machine* const machine = link_->machine;
-    if (member == nullptr || machine == nullptr) refuse();
+    if (member == nullptr || machine == nullptr) {
+        refuse();
+    }
     if (member->is_field()) {
-        if (!member->is_public_field) refuse();
+        if (!member->is_public_field) {
+            refuse();
+        }
         return field_access(context, field(member->field), access, arguments);
     }
     const Ref<Object> alive(this);
@@ -78,8 +88,12 @@ Value Instance::field_access(Context& context, Value& field, Access access,
         return {};
     }
     const bool is_object = value.is(Type::Object);
-    if (access == Access::Set && !is_object) throw ScriptError(ErrorNumber::ObjectRequired);
-    if (access == Access::Let && is_object) value = context.plain(value);
+    if (access == Access::Set && !is_object) {
+        throw ScriptError(ErrorNumber::ObjectRequired);
+    }
+    if (access == Access::Let && is_object) {
+        value = context.plain(value);
+    }
     field.swap(value);
     return {};
 }
@@ -100,12 +114,16 @@ void Instance::last_reference_gone() noexcept {
 
 void InstanceList::add(Instance& instance) noexcept {
     instance.next_ = first_;
-    if (first_ != nullptr) first_->previous_ = &instance;
+    if (first_ != nullptr) {
+        first_->previous_ = &instance;
+    }
     first_ = &instance;
 }
 
 void InstanceList::remove(Instance& instance) noexcept {
-    if (instance.next_ != nullptr) instance.next_->previous_ = instance.previous_;
+    if (instance.next_ != nullptr) {
+        instance.next_->previous_ = instance.previous_;
+    }
     (instance.previous_ != nullptr ? instance.previous_->next_ : first_) = instance.next_;
     instance.previous_ = nullptr;
     instance.next_ = nullptr;
@@ -113,7 +131,9 @@ void InstanceList::remove(Instance& instance) noexcept {
 
 void InstanceList::bury(Instance& instance) noexcept {
     dying_.push_back(&instance);
-    if (is_burying_) return;
+    if (is_burying_) {
+        return;
+    }
     is_burying_ = true;
     while (!dying_.empty()) {
         Instance& next = *dying_.front();
@@ -126,7 +146,9 @@ void InstanceList::bury(Instance& instance) noexcept {
 // While the last words run, other objects may end and say theirs.
 void InstanceList::terminate(Instance& instance) noexcept {
     Procedure* const procedure = instance.info().terminate();
-    if (instance.has_terminated_ || procedure == nullptr || is_over_) return;
+    if (instance.has_terminated_ || procedure == nullptr || is_over_) {
+        return;
+    }
     instance.has_terminated_ = true;
     const bool was_burying = std::exchange(is_burying_, false);
     machine_.call_last_words(*procedure, instance);

@@ -7,7 +7,9 @@ namespace {
 std::string arena_place(const Code& code, std::int32_t index) {
     const auto first = static_cast<std::int32_t>(code.first_constant());
     const auto count = static_cast<std::int32_t>(code.constant_count());
-    if (index >= first && index < first + count) return "k" + std::to_string(index - first);
+    if (index >= first && index < first + count) {
+        return "k" + std::to_string(index - first);
+    }
     return "g" + std::to_string(index);
 }
 
@@ -15,7 +17,9 @@ std::string place_text(const Code& code, std::int32_t place) {
     const bool is_far = place < 0;
     const std::int32_t distance = is_far ? place + kFarBias : place;
     const std::int32_t index = distance / static_cast<std::int32_t>(sizeof(Value));
-    if (is_far == code.is_outside) return "r" + std::to_string(index);
+    if (is_far == code.is_outside) {
+        return "r" + std::to_string(index);
+    }
     return arena_place(code, index);
 }
 
@@ -44,7 +48,9 @@ std::string listing(const Code& code) {
         text += field_text(code, row.fields[0], instruction.a, line);
         text += field_text(code, row.fields[1], instruction.b, line);
         text += field_text(code, row.fields[2], instruction.c, line);
-        if (instruction.extra != 0) text += " ; " + std::to_string(instruction.extra);
+        if (instruction.extra != 0) {
+            text += " ; " + std::to_string(instruction.extra);
+        }
         text += '\n';
     }
     return text;

@@ -24,13 +24,19 @@ class Walk final : public Object {
     explicit Walk(Ref<Array> array) noexcept : array_(std::move(array)) { array_->lock(); }
 
     ~Walk() override {
-        if (array_) array_->unlock();
+        if (array_) {
+            array_->unlock();
+        }
     }
 
     std::optional<Value> next() {
-        if (enumerator_) return enumerator_->next();
+        if (enumerator_) {
+            return enumerator_->next();
+        }
         const auto elements = array_->elements();
-        if (place_ >= elements.size()) return std::nullopt;
+        if (place_ >= elements.size()) {
+            return std::nullopt;
+        }
         return elements[place_++];
     }
 
@@ -56,11 +62,15 @@ class Walk final : public Object {
 // Counters, limits and steps are numbers: texts are read as such, objects stand for their value.
 Value Machine::loop_number(Value* place) {
     Value value = context_.plain(*place);
-    if (value.is(Type::Null)) throw ScriptError(ErrorNumber::InvalidUseOfNull);
+    if (value.is(Type::Null)) {
+        throw ScriptError(ErrorNumber::InvalidUseOfNull);
+    }
     if (value.is(Type::String) || value.is(Type::Empty)) {
         value = add(context_, value, Value(std::int16_t{0}));
     }
-    if (!fast::is_whole(value)) static_cast<void>(negate(context_, value));  // must be a number
+    if (!fast::is_whole(value)) {
+        static_cast<void>(negate(context_, value));  // must be a number
+    }
     return value;
 }
 
@@ -84,7 +94,9 @@ bool Machine::for_start(Value* counter, Value* control) {
 }
 
 bool Machine::for_next(Value* counter, Value* control) {
-    if (control[kLimit].is(Type::Empty)) throw ScriptError(ErrorNumber::ForLoopNotInitialized);
+    if (control[kLimit].is(Type::Empty)) {
+        throw ScriptError(ErrorNumber::ForLoopNotInitialized);
+    }
     Value& variable = counter->is_reference() ? counter->variable() : *counter;
     const Value& step = control[kStep];
     if (!fast::calculate<fast::Add>(variable, variable, step)) {
@@ -107,9 +119,13 @@ void Machine::each_start(Value* state, Value* collection) {
         put(state, Value(Ref<Object>(make<Walk>(Ref<Array>(&value.array())))));
         return;
     }
-    if (!value.is(Type::Object)) throw ScriptError(ErrorNumber::ObjectNotACollection);
+    if (!value.is(Type::Object)) {
+        throw ScriptError(ErrorNumber::ObjectNotACollection);
+    }
     const Ref<Object> object(value.object());
-    if (!object) throw ScriptError(ErrorNumber::ObjectVariableNotSet);
+    if (!object) {
+        throw ScriptError(ErrorNumber::ObjectVariableNotSet);
+    }
     auto enumerator = object->enumerate(context_);
     if (enumerator) {
         put(state, Value(Ref<Object>(make<Walk>(std::move(enumerator)))));
@@ -120,16 +136,24 @@ void Machine::each_start(Value* state, Value* collection) {
         throw ScriptError(ErrorNumber::PropertyOrMethodNotSupported);
     }
     Value inner = object->invoke(context_, kDefaultMember, Access::Call, {});
-    if (!inner.is(Type::Array)) throw ScriptError(ErrorNumber::ObjectNotACollection);
+    if (!inner.is(Type::Array)) {
+        throw ScriptError(ErrorNumber::ObjectNotACollection);
+    }
     put(state, Value(Ref<Object>(make<Walk>(Ref<Array>(&inner.array())))));
 }
 
 bool Machine::each_next(Value* target, Value* state) {
-    if (!state->is(Type::Object)) throw ScriptError(ErrorNumber::ForLoopNotInitialized);
+    if (!state->is(Type::Object)) {
+        throw ScriptError(ErrorNumber::ForLoopNotInitialized);
+    }
     std::optional<Value> next = static_cast<Walk*>(state->object())->next();
-    if (!next) return false;
+    if (!next) {
+        return false;
+    }
     put(target, std::move(*next));
-    if (--ticks_ == 0) tick();
+    if (--ticks_ == 0) {
+        tick();
+    }
     return true;
 }
 

@@ -109,7 +109,9 @@ class Machine {
 
     // What a reader of a temporary leaves behind: nothing that it would keep alive.
     void consume(Value* place) noexcept {
-        if (place->is_heavy() && is_temporary(place)) release_registers(place, place + 1);
+        if (place->is_heavy() && is_temporary(place)) {
+            release_registers(place, place + 1);
+        }
     }
 
     [[nodiscard]] Value taken(Value* place);

@@ -10,7 +10,9 @@ namespace vbscript {
 namespace {
 
 bool is_same(const Value& left, const Value& right) noexcept {
-    if (left.type() != right.type()) return false;
+    if (left.type() != right.type()) {
+        return false;
+    }
     switch (left.type()) {
         case Type::Empty:
         case Type::Null:
@@ -53,7 +55,9 @@ class PassedValues {
   public:
     explicit PassedValues(std::span<Value> arguments) : arguments_(arguments) {
         for (Value& argument : arguments_) {
-            if (!argument.is_reference()) continue;
+            if (!argument.is_reference()) {
+                continue;
+            }
             Value& variable = argument.variable();
             argument = Value(variable);
             passed_.push_back({&argument, &variable, variable});
@@ -62,7 +66,9 @@ class PassedValues {
 
     void write_back() {
         for (Passed& row : passed_) {
-            if (!is_same(*row.argument, row.before)) row.variable->swap(*row.argument);
+            if (!is_same(*row.argument, row.before)) {
+                row.variable->swap(*row.argument);
+            }
         }
     }
 
@@ -81,11 +87,13 @@ class PassedValues {
 
 Object& Machine::object_at(Value* place) {
     const Value& holder = place->is_reference() ? place->variable() : *place;
-    if (!holder.is(Type::Object)) [[unlikely]]
-        throw ScriptError(ErrorNumber::ObjectRequired);
+    if (!holder.is(Type::Object)) {
+        [[unlikely]] throw ScriptError(ErrorNumber::ObjectRequired);
+    }
     Object* const object = holder.object();
-    if (object == nullptr) [[unlikely]]
-        throw ScriptError(ErrorNumber::ObjectVariableNotSet);
+    if (object == nullptr) {
+        [[unlikely]] throw ScriptError(ErrorNumber::ObjectVariableNotSet);
+    }
     return *object;
 }
 
@@ -96,15 +104,21 @@ void Machine::look_up(MemberSite& site, Object& object, Access access) {
     site.field = ClassMember::kNoField;
     if (const auto* instance = dynamic_cast<const Instance*>(&object)) {
         const ClassMember* const member = instance->info().find(site.folded);
-        if (member == nullptr) throw ScriptError(ErrorNumber::PropertyOrMethodNotSupported);
+        if (member == nullptr) {
+            throw ScriptError(ErrorNumber::PropertyOrMethodNotSupported);
+        }
         site.procedure = procedure_for(*member, access);
-        if (member->is_field() && member->is_public_field) site.field = member->field;
+        if (member->is_field() && member->is_public_field) {
+            site.field = member->field;
+        }
         if (site.procedure == nullptr && site.field == ClassMember::kNoField) {
             throw ScriptError(ErrorNumber::PropertyOrMethodNotSupported);
         }
     } else {
         const auto number = object.find_member(site.name);
-        if (!number) throw ScriptError(ErrorNumber::PropertyOrMethodNotSupported);
+        if (!number) {
+            throw ScriptError(ErrorNumber::PropertyOrMethodNotSupported);
+        }
         site.number = *number;
     }
     site.identity = object.class_identity();
@@ -121,7 +135,9 @@ void Machine::read_member(MemberSite& site, Value* window, int count, Value* res
         value = count == 0 ? field : element_of_field(field, window + 1, count);
         release_registers(window, window + 1 + count);
     }
-    if (result != nullptr) put_result(result, std::move(value), use);
+    if (result != nullptr) {
+        put_result(result, std::move(value), use);
+    }
 }
 
 Value Machine::element_of_field(const Value& field, Value* window, int count) {
@@ -189,7 +205,9 @@ void Machine::new_named(Value* target, NameId name) {
         return;
     }
     Ref<Object> object = context_.create_builtin_class(symbols_.names().text(name));
-    if (!object) throw ScriptError(ErrorNumber::ClassNotDefined);
+    if (!object) {
+        throw ScriptError(ErrorNumber::ClassNotDefined);
+    }
     put(target, Value(std::move(object)));
 }
 

@@ -40,7 +40,9 @@ void Scope::add_register(const ast::Name& name, std::uint32_t number, bool is_by
 
 void Scope::declare_variable(const ast::Name& name) {
     const NameId id = id_of(name);
-    if (locals_.contains(id)) return;
+    if (locals_.contains(id)) {
+        return;
+    }
     if (is_outside()) {
         context_.symbols->declare_variable(*context_.module, id, Symbols::Declaration::Stated);
     } else {
@@ -61,13 +63,19 @@ void Scope::declare_constant(const ast::Name& name, const Value& value) {
 }
 
 void Scope::watch(NameId id) {
-    if (context_.procedure != nullptr) context_.symbols->watch(id, *context_.procedure);
+    if (context_.procedure != nullptr) {
+        context_.symbols->watch(id, *context_.procedure);
+    }
 }
 
 Binding Scope::resolve(const ast::Name& name) {
     const NameId id = id_of(name);
-    if (const auto local = locals_.find(id); local != locals_.end()) return local->second.binding;
-    if (is_inner() && context_.is_variable_around(id)) return add_capture(id);
+    if (const auto local = locals_.find(id); local != locals_.end()) {
+        return local->second.binding;
+    }
+    if (is_inner() && context_.is_variable_around(id)) {
+        return add_capture(id);
+    }
     if (context_.owner != nullptr) {
         if (const ClassMember* member = context_.owner->find(name.folded)) {
             Binding binding;
@@ -77,7 +85,9 @@ Binding Scope::resolve(const ast::Name& name) {
         }
     }
     watch(id);
-    if (Binding found = find_in_modules(id); found.kind != Binding::Kind::Undefined) return found;
+    if (Binding found = find_in_modules(id); found.kind != Binding::Kind::Undefined) {
+        return found;
+    }
     if (Binding found = find_in_language(id, name); found.kind != Binding::Kind::Undefined) {
         return found;
     }
@@ -86,8 +96,12 @@ Binding Scope::resolve(const ast::Name& name) {
 
 bool Scope::is_known(const ast::Name& name) {
     const NameId id = id_of(name);
-    if (locals_.contains(id) || (is_inner() && context_.is_variable_around(id))) return true;
-    if (context_.owner != nullptr && context_.owner->find(name.folded) != nullptr) return true;
+    if (locals_.contains(id) || (is_inner() && context_.is_variable_around(id))) {
+        return true;
+    }
+    if (context_.owner != nullptr && context_.owner->find(name.folded) != nullptr) {
+        return true;
+    }
     return context_.symbols->find(*context_.module, id) != nullptr;
 }
 
@@ -100,9 +114,13 @@ bool Scope::is_still_unused(NameId id) {
 Binding Scope::find_in_modules(NameId id) {
     Binding binding;
     const ModuleName* found = context_.symbols->find(*context_.module, id);
-    if (found == nullptr) return binding;
+    if (found == nullptr) {
+        return binding;
+    }
     if (const auto* variable = std::get_if<ModuleVariable>(found)) {
-        if (!variable->is_there && !is_outside()) return binding;
+        if (!variable->is_there && !is_outside()) {
+            return binding;
+        }
         return variable_at(builder_.slot(variable->slot), true);
     }
     if (const auto* constant = std::get_if<ModuleConstant>(found)) {
@@ -148,7 +166,9 @@ Binding Scope::add_variable(NameId id, bool is_declared) {
             *context_.module, id, Symbols::Declaration::Implicit);
         return variable_at(builder_.slot(slot), true);
     }
-    if (is_inner()) return add_capture(id);
+    if (is_inner()) {
+        return add_capture(id);
+    }
     const std::uint32_t number = builder_.new_local();
     Local local{variable_at(CodeBuilder::local(number), false), number, true, is_declared};
     return locals_.insert_or_assign(id, std::move(local)).first->second.binding;
@@ -165,9 +185,13 @@ Binding Scope::add_capture(NameId id) {
 
 void Scope::list_registers(Code& code) const {
     for (const auto& [id, local] : locals_) {
-        if (!local.is_register) continue;
+        if (!local.is_register) {
+            continue;
+        }
         code.register_names.emplace(id, local.number);
-        if (!local.is_declared) code.undeclared_names.push_back(id);
+        if (!local.is_declared) {
+            code.undeclared_names.push_back(id);
+        }
     }
 }
 

@@ -51,7 +51,9 @@ std::u16string text_of(const ast::Expression& node) {
         case ExpressionKind::Member: {
             const auto& member = ast::as<ast::Member>(node);
             std::u16string text = text_of(*member.object);
-            if (!text.empty()) text.append(u".");
+            if (!text.empty()) {
+                text.append(u".");
+            }
             return text.append(member.name.spelled);
         }
         case ExpressionKind::Apply:
@@ -71,7 +73,9 @@ std::u16string text_of(const ast::Expression& node) {
 std::u16string_view line_of(std::u16string_view source, std::uint32_t number) noexcept {
     for (; number > 1; --number) {
         const std::size_t end = source.find_first_of(u"\r\n");
-        if (end == std::u16string_view::npos) return {};
+        if (end == std::u16string_view::npos) {
+            return {};
+        }
         const bool is_pair = source.substr(end, 2) == u"\r\n";
         source.remove_prefix(end + (is_pair ? 2 : 1));
     }

@@ -32,7 +32,9 @@ Symbols::Symbols() {
 }
 
 Module& Symbols::add_module(std::u16string_view name) {
-    if (Module* found = find_module(name)) return *found;
+    if (Module* found = find_module(name)) {
+        return *found;
+    }
     return modules_.emplace_back(name);
 }
 
@@ -44,13 +46,17 @@ Module* Symbols::find_module(std::u16string_view name) noexcept {
 }
 
 const ModuleName* Symbols::find(const Module& module, NameId name) noexcept {
-    if (const ModuleName* own = module.find(name)) return own;
+    if (const ModuleName* own = module.find(name)) {
+        return own;
+    }
     return &module == &global_module() ? nullptr : global_module().find(name);
 }
 
 ModuleName& Symbols::meaning(Module& module, NameId name) {
     const auto [place, is_new] = module.names_.try_emplace(name);
-    if (is_new) module.order_.push_back(name);
+    if (is_new) {
+        module.order_.push_back(name);
+    }
     if (const auto* variable = std::get_if<ModuleVariable>(&place->second);
         variable != nullptr && !is_new) {
         orphans_.push_back(variable->slot);
@@ -63,7 +69,9 @@ std::uint32_t Symbols::declare_variable(Module& module, NameId name, Declaration
     const bool is_stated = declaration == Declaration::Stated;
     if (const ModuleName* found = module.find(name)) {
         if (const auto* variable = std::get_if<ModuleVariable>(found)) {
-            if (is_stated) begin_variable(module, name);
+            if (is_stated) {
+                begin_variable(module, name);
+            }
             return variable->slot;
         }
     }
@@ -74,9 +82,13 @@ std::uint32_t Symbols::declare_variable(Module& module, NameId name, Declaration
 
 void Symbols::begin_variable(Module& module, NameId name) {
     const auto found = module.names_.find(name);
-    if (found == module.names_.end()) return;
+    if (found == module.names_.end()) {
+        return;
+    }
     auto* variable = std::get_if<ModuleVariable>(&found->second);
-    if (variable == nullptr || variable->is_there) return;
+    if (variable == nullptr || variable->is_there) {
+        return;
+    }
     variable->is_there = true;
     changed(name);
 }
@@ -152,7 +164,9 @@ const Symbols::NamedObject* Symbols::find_object(NameId name) const noexcept {
 
 const Symbols::NamedObject* Symbols::find_global_member(std::u16string_view name) {
     const auto found = std::ranges::find_if(objects_, [&](const NamedObject& row) {
-        if (!row.has_global_members) return false;
+        if (!row.has_global_members) {
+            return false;
+        }
         const Object* object = arena_.at(row.slot).object();
         return object != nullptr && object->find_member(name).has_value();
     });
@@ -175,14 +189,18 @@ void Symbols::watch(NameId name, Procedure& procedure) {
 
 void Symbols::changed(NameId name) {
     const auto found = watchers_.find(name);
-    if (found == watchers_.end()) return;
+    if (found == watchers_.end()) {
+        return;
+    }
     for (Procedure* procedure : found->second)
         retire(*procedure);
     watchers_.erase(found);
 }
 
 void Symbols::retire(Procedure& procedure) {
-    if (procedure.code) retired_.push_back(std::exchange(procedure.code, nullptr));
+    if (procedure.code) {
+        retired_.push_back(std::exchange(procedure.code, nullptr));
+    }
 }
 
 void Symbols::release_variables() noexcept {
@@ -194,7 +212,9 @@ void Symbols::release_variables() noexcept {
         // By index, since a last wish may declare more of them.
         for (std::size_t place = 0; place < module.order_.size(); ++place) {
             const ModuleName* name = module.find(module.order_[place]);
-            if (const auto* variable = std::get_if<ModuleVariable>(name)) release(variable->slot);
+            if (const auto* variable = std::get_if<ModuleVariable>(name)) {
+                release(variable->slot);
+            }
         }
     }
     for (const std::uint32_t slot : orphans_) {

@@ -23,7 +23,9 @@ std::size_t element_count(std::span<const std::int32_t> upper_bounds) {
     std::size_t count = 1;
     for (const std::int32_t bound : upper_bounds) {
         count *= static_cast<std::size_t>(bound + std::int64_t{1});
-        if (count > Array::kMaximumElements) throw ScriptError(ErrorNumber::OutOfMemory);
+        if (count > Array::kMaximumElements) {
+            throw ScriptError(ErrorNumber::OutOfMemory);
+        }
     }
     return count;
 }
@@ -59,25 +61,33 @@ std::int32_t Array::upper_bound(std::int32_t dimension) const {
 }
 
 Value& Array::at(std::span<const std::int32_t> indexes) {
-    if (indexes.empty() || indexes.size() != upper_bounds_.size()) throw_out_of_range();
+    if (indexes.empty() || indexes.size() != upper_bounds_.size()) {
+        throw_out_of_range();
+    }
     std::size_t place = 0;
     for (std::size_t dimension = indexes.size(); dimension-- > 0;) {
         const std::int32_t index = indexes[dimension];
         const std::int32_t bound = upper_bounds_[dimension];
-        if (index < 0 || index > bound) throw_out_of_range();
+        if (index < 0 || index > bound) {
+            throw_out_of_range();
+        }
         place = place * (static_cast<std::size_t>(bound) + 1) + static_cast<std::size_t>(index);
     }
     return elements_[place];
 }
 
 void Array::redim(std::span<const std::int32_t> upper_bounds, bool preserve) {
-    if (fixed_ || is_locked()) throw ScriptError(ErrorNumber::ArrayFixedOrLocked);
+    if (fixed_ || is_locked()) {
+        throw ScriptError(ErrorNumber::ArrayFixedOrLocked);
+    }
     const std::size_t count = element_count(upper_bounds);
     std::vector<std::int32_t> bounds(upper_bounds.begin(), upper_bounds.end());
     // What goes ends last: an object among it may run script that sees this array.
     std::vector<Value> gone;
     if (preserve && !upper_bounds_.empty()) {
-        if (!is_extension(upper_bounds_, upper_bounds)) throw_out_of_range();
+        if (!is_extension(upper_bounds_, upper_bounds)) {
+            throw_out_of_range();
+        }
         gone = taken_from(elements_, std::min(count, elements_.size()));
         elements_.resize(count);
     } else {
@@ -88,9 +98,13 @@ void Array::redim(std::span<const std::int32_t> upper_bounds, bool preserve) {
 }
 
 void Array::erase() {
-    if (is_locked()) throw ScriptError(ErrorNumber::ArrayFixedOrLocked);
+    if (is_locked()) {
+        throw ScriptError(ErrorNumber::ArrayFixedOrLocked);
+    }
     std::vector<Value> elements(fixed_ ? elements_.size() : 0);
-    if (!fixed_) upper_bounds_.clear();
+    if (!fixed_) {
+        upper_bounds_.clear();
+    }
     elements_.swap(elements);
 }
 
@@ -110,7 +124,9 @@ void Array::last_reference_gone() noexcept {
             continue;
         }
         Value element = std::move(level.elements[level.next++]);
-        if (!element.is(Type::Array) || element.array().is_shared()) continue;
+        if (!element.is(Type::Array) || element.array().is_shared()) {
+            continue;
+        }
         levels.push_back({std::move(element.array().elements_)});
     }
 }

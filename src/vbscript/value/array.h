@@ -88,7 +88,9 @@ inline Value::Value(Ref<Array> array) noexcept : type_(Type::Array) {
 }
 
 inline void Value::set_locked_array(Array& array) noexcept {
-    if (is_counted()) release();
+    if (is_counted()) {
+        release();
+    }
     type_ = kLockedArray;
     content_.shared = &array;
 }
@@ -101,7 +103,9 @@ inline Array& Value::array() const noexcept {
 // Requires: `holder` holds an array.
 [[nodiscard]] inline Array& writable(Value& holder) {
     Array& array = holder.array();
-    if (!array.is_held_twice()) return array;
+    if (!array.is_held_twice()) {
+        return array;
+    }
     holder = Value(array.copy());
     return holder.array();
 }

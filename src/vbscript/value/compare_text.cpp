@@ -35,10 +35,16 @@ char16_t base_letter(char16_t unit) noexcept {
 // Place of a unit in small letters in a dictionary: signs, digits, letters, everything else.
 int place_of(char16_t unit) noexcept {
     const char16_t base = base_letter(unit);
-    if (base >= u'a' && base <= u'z') return kFirstLetter + (base - u'a');
-    if (base >= u'0' && base <= u'9') return kFirstDigit + (base - u'0');
+    if (base >= u'a' && base <= u'z') {
+        return kFirstLetter + (base - u'a');
+    }
+    if (base >= u'0' && base <= u'9') {
+        return kFirstDigit + (base - u'0');
+    }
     const std::size_t sign = kSigns.find(base);
-    if (sign != std::u16string_view::npos) return static_cast<int>(sign) + 1;
+    if (sign != std::u16string_view::npos) {
+        return static_cast<int>(sign) + 1;
+    }
     return base < 0x20 ? 0 : kFirstOther + base;
 }
 
@@ -67,7 +73,9 @@ class Reader {
 };
 
 int sign_of(int difference) noexcept {
-    if (difference == 0) return 0;
+    if (difference == 0) {
+        return 0;
+    }
     return difference < 0 ? -1 : 1;
 }
 
@@ -84,15 +92,29 @@ int compare_as_words(std::u16string_view left, std::u16string_view right) noexce
     while (!one.at_end() && !other.at_end()) {
         const char16_t left_unit = one.take();
         const char16_t right_unit = other.take();
-        if (left_unit == right_unit) continue;
+        if (left_unit == right_unit) {
+            continue;
+        }
         const int difference = place_of(left_unit) - place_of(right_unit);
-        if (difference != 0) return sign_of(difference);
-        if (accents == 0) accents = sign_of(left_unit - right_unit);
+        if (difference != 0) {
+            return sign_of(difference);
+        }
+        if (accents == 0) {
+            accents = sign_of(left_unit - right_unit);
+        }
     }
-    if (!one.at_end() || !other.at_end()) return one.at_end() ? -1 : 1;
-    if (accents != 0) return accents;
-    if (equals_ignoring_case(left, right)) return 0;
-    if (left.size() != right.size()) return left.size() < right.size() ? -1 : 1;
+    if (!one.at_end() || !other.at_end()) {
+        return one.at_end() ? -1 : 1;
+    }
+    if (accents != 0) {
+        return accents;
+    }
+    if (equals_ignoring_case(left, right)) {
+        return 0;
+    }
+    if (left.size() != right.size()) {
+        return left.size() < right.size() ? -1 : 1;
+    }
     const auto [one_end, other_end] = std::ranges::mismatch(left, right, {}, lower, lower);
     return to_lower(*one_end) < to_lower(*other_end) ? -1 : 1;
 }

@@ -9,7 +9,9 @@ Value Context::plain(const Value& value) {
     Value current = value;
     for (int depth = 0; current.is(Type::Object); ++depth) {
         Ref<Object> object(current.object());
-        if (!object) throw ScriptError(ErrorNumber::ObjectVariableNotSet);
+        if (!object) {
+            throw ScriptError(ErrorNumber::ObjectVariableNotSet);
+        }
         if (!object->has_default_member() || depth == kDeepest) {
             throw ScriptError(ErrorNumber::PropertyOrMethodNotSupported);
         }

@@ -19,7 +19,9 @@ std::u16string widened(std::string_view text, char16_t decimal_mark) {
     std::u16string units(text.begin(), text.end());
     if (decimal_mark != u'.') {
         const std::size_t mark = units.find(u'.');
-        if (mark != std::u16string::npos) units[mark] = decimal_mark;
+        if (mark != std::u16string::npos) {
+            units[mark] = decimal_mark;
+        }
     }
     return units;
 }
@@ -90,8 +92,12 @@ std::u16string to_units(Context& context, const Value& value) {
 }
 
 Ref<String> to_text(Context& context, const Value& value) {
-    if (value.is(Type::String)) return Ref<String>(&value.text());
-    if (value.is(Type::Object)) return to_text(context, context.plain(value));
+    if (value.is(Type::String)) {
+        return Ref<String>(&value.text());
+    }
+    if (value.is(Type::Object)) {
+        return to_text(context, context.plain(value));
+    }
     return make<String>(to_units(context, value));
 }
 

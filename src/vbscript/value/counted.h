@@ -18,7 +18,9 @@ class Counted {
     void retain() noexcept { ++references_; }
 
     void release() noexcept {
-        if (--references_ == 0) last_reference_gone();
+        if (--references_ == 0) {
+            last_reference_gone();
+        }
     }
 
     [[nodiscard]] bool is_shared() const noexcept { return references_ > 1; }
@@ -45,7 +47,9 @@ class Ref {
     Ref(std::nullptr_t) noexcept {}
 
     explicit Ref(T* object) noexcept : object_(object) {
-        if (object_ != nullptr) object_->retain();
+        if (object_ != nullptr) {
+            object_->retain();
+        }
     }
 
     Ref(const Ref& other) noexcept : Ref(other.object_) {}
@@ -62,7 +66,9 @@ class Ref {
     }
 
     ~Ref() {
-        if (object_ != nullptr) object_->release();
+        if (object_ != nullptr) {
+            object_->release();
+        }
     }
 
     [[nodiscard]] T* get() const noexcept { return object_; }

@@ -65,7 +65,9 @@ DateParts parts_of_serial(std::int64_t serial) noexcept {
 std::optional<Date> date_of(std::int64_t serial, std::int64_t seconds) noexcept {
     const std::int64_t days = floor_divide(seconds, kSecondsPerDay);
     const std::int64_t day = serial + days;
-    if (day < kFirstSerial || day > kLastSerial) return std::nullopt;
+    if (day < kFirstSerial || day > kLastSerial) {
+        return std::nullopt;
+    }
     const auto fraction =
         static_cast<double>(seconds - days * kSecondsPerDay) / static_cast<double>(kSecondsPerDay);
     const auto whole = static_cast<double>(day);
@@ -85,7 +87,9 @@ bool is_in_calendar(Date date) noexcept {
 }
 
 std::optional<DateParts> parts_of(Date date) noexcept {
-    if (!is_in_calendar(date)) return std::nullopt;
+    if (!is_in_calendar(date)) {
+        return std::nullopt;
+    }
     const double whole = std::trunc(date.days);
     const double fraction = std::abs(date.days - whole);
     auto serial = static_cast<std::int64_t>(whole);

@@ -54,7 +54,9 @@ struct DateParts {
 // A year of two digits as people mean it: 0 to 29 are 2000 to 2029, 30 to 99 are 1930 to 1999.
 // Others stay.
 [[nodiscard]] constexpr int full_year(int year) noexcept {
-    if (year < 0 || year > 99) return year;
+    if (year < 0 || year > 99) {
+        return year;
+    }
     return year + (year < 30 ? 2000 : 1900);
 }
 

@@ -29,14 +29,18 @@ int hour_to_twelve(int hour) {
 
 void append_day(std::u16string& text, const Locale& locale, const DateParts& parts,
                 std::size_t length) {
-    if (length < 3) return append_number(text, parts.day, length);
+    if (length < 3) {
+        return append_number(text, parts.day, length);
+    }
     const auto& names = length == 3 ? locale.short_weekdays : locale.weekdays;
     text.append(names[static_cast<std::size_t>(weekday_of(parts)) - 1]);
 }
 
 void append_month(std::u16string& text, const Locale& locale, const DateParts& parts,
                   std::size_t length) {
-    if (length < 3) return append_number(text, parts.month, length);
+    if (length < 3) {
+        return append_number(text, parts.month, length);
+    }
     const auto& names = length == 3 ? locale.short_months : locale.months;
     text.append(names[static_cast<std::size_t>(parts.month) - 1]);
 }
@@ -94,8 +98,12 @@ std::u16string date_text(const Locale& locale, const DateParts& parts,
 
 std::u16string text_of_date(const Locale& locale, Date date) {
     const auto parts = parts_of(date);
-    if (!parts) throw ScriptError(ErrorNumber::Overflow);
-    if (is_day_zero(*parts)) return date_text(locale, *parts, locale.long_time);
+    if (!parts) {
+        throw ScriptError(ErrorNumber::Overflow);
+    }
+    if (is_day_zero(*parts)) {
+        return date_text(locale, *parts, locale.long_time);
+    }
     std::u16string text = date_text(locale, *parts, locale.short_date);
     if (!is_midnight(*parts)) {
         text.append(u" ").append(date_text(locale, *parts, locale.long_time));

@@ -25,21 +25,33 @@ struct Lead {
 
 // A lead without following bytes is malformed.
 Lead lead_of(unsigned char byte) noexcept {
-    if (byte >= 0xC2 && byte < 0xE0) return {1, byte & 0x1FU, 0x80};
-    if (byte >= 0xE0 && byte < 0xF0) return {2, byte & 0x0FU, 0x800};
-    if (byte >= 0xF0 && byte < 0xF5) return {3, byte & 0x07U, kFirstBeyondUnit};
+    if (byte >= 0xC2 && byte < 0xE0) {
+        return {1, byte & 0x1FU, 0x80};
+    }
+    if (byte >= 0xE0 && byte < 0xF0) {
+        return {2, byte & 0x0FU, 0x800};
+    }
+    if (byte >= 0xF0 && byte < 0xF5) {
+        return {3, byte & 0x07U, kFirstBeyondUnit};
+    }
     return {};
 }
 
 // Reads one character of more than one byte; what is malformed is one replacement character.
 char32_t take_character(std::string_view text, std::size_t& place) noexcept {
     const Lead lead = lead_of(static_cast<unsigned char>(text[place++]));
-    if (lead.following == 0) return kReplacement;
+    if (lead.following == 0) {
+        return kReplacement;
+    }
     char32_t character = lead.payload;
     for (int count = 0; count < lead.following; ++count) {
-        if (place == text.size()) return kReplacement;
+        if (place == text.size()) {
+            return kReplacement;
+        }
         const auto byte = static_cast<unsigned char>(text[place]);
-        if ((byte & 0xC0U) != 0x80U) return kReplacement;
+        if ((byte & 0xC0U) != 0x80U) {
+            return kReplacement;
+        }
         character = character << 6 | (byte & 0x3FU);
         ++place;
     }
@@ -81,9 +93,15 @@ void append_bytes(std::string& bytes, char32_t character) {
 // One character from one or two units; a half without its other half is the replacement.
 char32_t take_character(std::u16string_view units, std::size_t& place) noexcept {
     const char32_t first = units[place++];
-    if (is_low_half(first)) return kReplacement;
-    if (!is_high_half(first)) return first;
-    if (place == units.size() || !is_low_half(units[place])) return kReplacement;
+    if (is_low_half(first)) {
+        return kReplacement;
+    }
+    if (!is_high_half(first)) {
+        return first;
+    }
+    if (place == units.size() || !is_low_half(units[place])) {
+        return kReplacement;
+    }
     const char32_t second = units[place++];
     return kFirstBeyondUnit + ((first - 0xD800) << 10) + (second - 0xDC00);
 }

@@ -88,8 +88,12 @@ constexpr auto kSmallLetters = small_letters();
 template <std::size_t size>
 char16_t other_case(const std::array<Range, size>& ranges, char16_t unit) noexcept {
     const auto range = std::ranges::lower_bound(ranges, unit, {}, &Range::last);
-    if (range == ranges.end() || unit < range->first) return unit;
-    if ((unit - range->first) % range->step != 0) return unit;
+    if (range == ranges.end() || unit < range->first) {
+        return unit;
+    }
+    if ((unit - range->first) % range->step != 0) {
+        return unit;
+    }
     return static_cast<char16_t>(unit + range->distance);
 }
 

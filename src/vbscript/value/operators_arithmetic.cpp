@@ -32,12 +32,16 @@ bool is_pair(Type one, Type other, Type left, Type right) noexcept {
 }
 
 Type sum_type(Type left, Type right) noexcept {
-    if (is_pair(Type::Single, Type::Long, left, right)) return Type::Double;
+    if (is_pair(Type::Single, Type::Long, left, right)) {
+        return Type::Double;
+    }
     return std::max(left, right);
 }
 
 Type difference_type(Type left, Type right) noexcept {
-    if (left == Type::Date && right == Type::Date) return Type::Double;
+    if (left == Type::Date && right == Type::Date) {
+        return Type::Double;
+    }
     return sum_type(left, right);
 }
 
@@ -46,7 +50,9 @@ Type product_type(Type left, Type right) noexcept {
     const bool has_fraction = left == Type::Single || left == Type::Double ||
                               right == Type::Single || right == Type::Double;
     const Type type = sum_type(left, right);
-    if (type == Type::Date || (type == Type::Currency && has_fraction)) return Type::Double;
+    if (type == Type::Date || (type == Type::Currency && has_fraction)) {
+        return Type::Double;
+    }
     return type;
 }
 
@@ -77,18 +83,24 @@ Value whole_value(Type type, std::int64_t number) {
     if (type <= Type::Integer && fits<std::int16_t>(number)) {
         return Value(static_cast<std::int16_t>(number));
     }
-    if (fits<std::int32_t>(number)) return Value(static_cast<std::int32_t>(number));
+    if (fits<std::int32_t>(number)) {
+        return Value(static_cast<std::int32_t>(number));
+    }
     return Value(static_cast<double>(number));
 }
 
 Value double_value(double number) {
-    if (!std::isfinite(number)) throw ScriptError(ErrorNumber::Overflow);
+    if (!std::isfinite(number)) {
+        throw ScriptError(ErrorNumber::Overflow);
+    }
     return Value(number);
 }
 
 Value single_value(Operation operation, double left, double right) {
     const float single = calculate(operation, static_cast<float>(left), static_cast<float>(right));
-    if (std::isfinite(single)) return Value(single);
+    if (std::isfinite(single)) {
+        return Value(single);
+    }
     return Value(calculate(operation, left, right));
 }
 
@@ -104,13 +116,17 @@ Wide rounded_units(Wide product) noexcept {
     const Wide rest = product % kUnits;
     const Wide twice = (rest < 0 ? -rest : rest) * 2;
     const bool is_away = twice > kUnits || (twice == kUnits && quotient % 2 != 0);
-    if (!is_away) return quotient;
+    if (!is_away) {
+        return quotient;
+    }
     return product < 0 ? quotient - 1 : quotient + 1;
 }
 
 Value currency_value(Operation operation, Currency left, Currency right) {
     Wide units = calculate(operation, Wide{left.units}, Wide{right.units});
-    if (operation == Operation::Multiply) units = rounded_units(units);
+    if (operation == Operation::Multiply) {
+        units = rounded_units(units);
+    }
     if (units < std::numeric_limits<std::int64_t>::min() ||
         units > std::numeric_limits<std::int64_t>::max()) {
         throw ScriptError(ErrorNumber::Overflow);
@@ -150,7 +166,9 @@ Type whole_type(const Value& left, const Value& right) noexcept {
 // Throws: ScriptError 11.
 std::int32_t divisor_of(Context& context, const Value& value) {
     const std::int32_t divisor = to_long(context, value);
-    if (divisor == 0) throw ScriptError(ErrorNumber::DivisionByZero);
+    if (divisor == 0) {
+        throw ScriptError(ErrorNumber::DivisionByZero);
+    }
     return divisor;
 }
 
@@ -162,69 +180,109 @@ bool is_single_quotient(const Value& left, const Value& right) noexcept {
 }  // namespace
 
 Value add(Context& context, const Value& left, const Value& right) {
-    if (left.is(Type::String) && right.is(Type::String)) return concatenate(context, left, right);
-    if (is_object(left, right)) return on_plain(context, left, right, add);
+    if (left.is(Type::String) && right.is(Type::String)) {
+        return concatenate(context, left, right);
+    }
+    if (is_object(left, right)) {
+        return on_plain(context, left, right, add);
+    }
     require_operands(left, right);
-    if (is_null(left, right)) return Value(kNull);
-    if (left.is(Type::Empty)) return right.is(Type::Empty) ? Value(std::int16_t{0}) : right;
-    if (right.is(Type::Empty)) return left;
+    if (is_null(left, right)) {
+        return Value(kNull);
+    }
+    if (left.is(Type::Empty)) {
+        return right.is(Type::Empty) ? Value(std::int16_t{0}) : right;
+    }
+    if (right.is(Type::Empty)) {
+        return left;
+    }
     return calculate_as(context, Operation::Add,
                         sum_type(counting_type(left), counting_type(right)), left, right);
 }
 
 Value subtract(Context& context, const Value& left, const Value& right) {
-    if (is_object(left, right)) return on_plain(context, left, right, subtract);
+    if (is_object(left, right)) {
+        return on_plain(context, left, right, subtract);
+    }
     require_operands(left, right);
-    if (is_null(left, right)) return Value(kNull);
+    if (is_null(left, right)) {
+        return Value(kNull);
+    }
     return calculate_as(context, Operation::Subtract,
                         difference_type(counting_type(left), counting_type(right)), left, right);
 }
 
 Value multiply(Context& context, const Value& left, const Value& right) {
-    if (is_object(left, right)) return on_plain(context, left, right, multiply);
+    if (is_object(left, right)) {
+        return on_plain(context, left, right, multiply);
+    }
     require_operands(left, right);
-    if (is_null(left, right)) return Value(kNull);
+    if (is_null(left, right)) {
+        return Value(kNull);
+    }
     return calculate_as(context, Operation::Multiply,
                         product_type(counting_type(left), counting_type(right)), left, right);
 }
 
 Value divide(Context& context, const Value& left, const Value& right) {
-    if (is_object(left, right)) return on_plain(context, left, right, divide);
+    if (is_object(left, right)) {
+        return on_plain(context, left, right, divide);
+    }
     require_operands(left, right);
-    if (is_null(left, right)) return Value(kNull);
+    if (is_null(left, right)) {
+        return Value(kNull);
+    }
     const double dividend = to_double(context, left);
     const double divisor = to_double(context, right);
     if (divisor == 0) {
         throw ScriptError(dividend == 0 ? ErrorNumber::Overflow : ErrorNumber::DivisionByZero);
     }
-    if (!is_single_quotient(left, right)) return double_value(dividend / divisor);
+    if (!is_single_quotient(left, right)) {
+        return double_value(dividend / divisor);
+    }
     const auto quotient = static_cast<float>(dividend / divisor);
-    if (!std::isfinite(quotient)) throw ScriptError(ErrorNumber::Overflow);
+    if (!std::isfinite(quotient)) {
+        throw ScriptError(ErrorNumber::Overflow);
+    }
     return Value(quotient);
 }
 
 Value divide_whole(Context& context, const Value& left, const Value& right) {
-    if (is_object(left, right)) return on_plain(context, left, right, divide_whole);
+    if (is_object(left, right)) {
+        return on_plain(context, left, right, divide_whole);
+    }
     require_operands(left, right);
-    if (is_null(left, right)) return Value(kNull);
+    if (is_null(left, right)) {
+        return Value(kNull);
+    }
     const std::int64_t dividend = to_long(context, left);
     const std::int64_t quotient = dividend / divisor_of(context, right);
-    if (!fits<std::int32_t>(quotient)) throw ScriptError(ErrorNumber::Overflow);
+    if (!fits<std::int32_t>(quotient)) {
+        throw ScriptError(ErrorNumber::Overflow);
+    }
     return whole_value(whole_type(left, right), quotient);
 }
 
 Value remainder(Context& context, const Value& left, const Value& right) {
-    if (is_object(left, right)) return on_plain(context, left, right, remainder);
+    if (is_object(left, right)) {
+        return on_plain(context, left, right, remainder);
+    }
     require_operands(left, right);
-    if (is_null(left, right)) return Value(kNull);
+    if (is_null(left, right)) {
+        return Value(kNull);
+    }
     const std::int64_t dividend = to_long(context, left);
     return whole_value(whole_type(left, right), dividend % divisor_of(context, right));
 }
 
 Value power(Context& context, const Value& left, const Value& right) {
-    if (is_object(left, right)) return on_plain(context, left, right, power);
+    if (is_object(left, right)) {
+        return on_plain(context, left, right, power);
+    }
     require_operands(left, right);
-    if (is_null(left, right)) return Value(kNull);
+    if (is_null(left, right)) {
+        return Value(kNull);
+    }
     const double base = to_double(context, left);
     const double exponent = to_double(context, right);
     const bool is_fraction = std::trunc(exponent) != exponent;
@@ -235,16 +293,22 @@ Value power(Context& context, const Value& left, const Value& right) {
 }
 
 Value negate(Context& context, const Value& operand) {
-    if (operand.is(Type::Object)) return negate(context, context.plain(operand));
+    if (operand.is(Type::Object)) {
+        return negate(context, context.plain(operand));
+    }
     require_operand(operand);
-    if (operand.is(Type::Null)) return Value(kNull);
+    if (operand.is(Type::Null)) {
+        return Value(kNull);
+    }
     const Value zero(std::int16_t{0});
     const Type type = std::max(counting_type(operand), counting_type(zero));
     return calculate_as(context, Operation::Subtract, type, zero, operand);
 }
 
 Value plus(Context& context, const Value& operand) {
-    if (operand.is(Type::Object)) return context.plain(operand);
+    if (operand.is(Type::Object)) {
+        return context.plain(operand);
+    }
     require_operand(operand);
     return operand;
 }

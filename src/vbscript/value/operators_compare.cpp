@@ -12,7 +12,9 @@ using Order = std::partial_ordering;
 enum class Kind : std::uint8_t { Empty, Number, Text };
 
 Kind kind_of(const Value& value) noexcept {
-    if (value.is(Type::Empty)) return Kind::Empty;
+    if (value.is(Type::Empty)) {
+        return Kind::Empty;
+    }
     return value.is(Type::String) ? Kind::Text : Kind::Number;
 }
 
@@ -67,12 +69,18 @@ Order order_of_empty_and(Context& context, const Value& other) {
 Order order_of(Context& context, const Value& left, const Value& right) {
     const Kind left_kind = kind_of(left);
     const Kind right_kind = kind_of(right);
-    if (left_kind == Kind::Empty) return order_of_empty_and(context, right);
-    if (right_kind == Kind::Empty) return 0 <=> order_of_empty_and(context, left);
+    if (left_kind == Kind::Empty) {
+        return order_of_empty_and(context, right);
+    }
+    if (right_kind == Kind::Empty) {
+        return 0 <=> order_of_empty_and(context, left);
+    }
     if (left_kind != right_kind) {
         return left_kind == Kind::Number ? Order::less : Order::greater;
     }
-    if (left_kind == Kind::Text) return order_of_texts(left, right);
+    if (left_kind == Kind::Text) {
+        return order_of_texts(left, right);
+    }
     return order_of_numbers(context, left, right);
 }
 
@@ -94,7 +102,9 @@ Value compare(Context& context, Comparison comparison, const Value& left, const 
         return compare(context, comparison, plain_left, plain_right);
     }
     require_operands(left, right);
-    if (is_null(left, right)) return Value(kNull);
+    if (is_null(left, right)) {
+        return Value(kNull);
+    }
     return Value(holds(comparison, order_of(context, left, right)));
 }
 

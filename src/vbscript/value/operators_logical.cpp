@@ -15,12 +15,20 @@ struct Bits {
 };
 
 Bits bits_of(Context& context, const Value& value) {
-    if (is_whole_number(value.type())) return {value.type(), value.number()};
-    if (value.is(Type::Empty)) return {};
+    if (is_whole_number(value.type())) {
+        return {value.type(), value.number()};
+    }
+    if (value.is(Type::Empty)) {
+        return {};
+    }
     if (value.is(Type::String)) {
         const std::u16string_view text = value.units();
-        if (equals_ignoring_case(text, u"True")) return {Type::Boolean, -1};
-        if (equals_ignoring_case(text, u"False")) return {Type::Boolean, 0};
+        if (equals_ignoring_case(text, u"True")) {
+            return {Type::Boolean, -1};
+        }
+        if (equals_ignoring_case(text, u"False")) {
+            return {Type::Boolean, 0};
+        }
     }
     return {Type::Long, to_long(context, value)};
 }
@@ -77,7 +85,9 @@ Value apply(Context& context, const Rule& rule, const Value& left, const Value& 
     if (left.is(Type::Null)) {
         return right.is(Type::Null) ? Value(kNull) : rule.with_null_left(bits_of(context, right));
     }
-    if (right.is(Type::Null)) return rule.with_null_right(bits_of(context, left));
+    if (right.is(Type::Null)) {
+        return rule.with_null_right(bits_of(context, left));
+    }
     const Bits one = bits_of(context, left);
     const Bits other = bits_of(context, right);
     return value_of({common_type(one.type, other.type), rule.combine(one.number, other.number)});
@@ -86,9 +96,13 @@ Value apply(Context& context, const Rule& rule, const Value& left, const Value& 
 }  // namespace
 
 Value logical_not(Context& context, const Value& operand) {
-    if (operand.is(Type::Object)) return logical_not(context, context.plain(operand));
+    if (operand.is(Type::Object)) {
+        return logical_not(context, context.plain(operand));
+    }
     require_operand(operand);
-    if (operand.is(Type::Null)) return Value(kNull);
+    if (operand.is(Type::Null)) {
+        return Value(kNull);
+    }
     const Bits bits = bits_of(context, operand);
     return value_of({bits.type, ~bits.number});
 }

@@ -7,13 +7,17 @@ namespace vbscript {
 namespace {
 
 void require_space(std::size_t units) {
-    if (units > String::kMaximumUnits) throw ScriptError(ErrorNumber::OutOfStringSpace);
+    if (units > String::kMaximumUnits) {
+        throw ScriptError(ErrorNumber::OutOfStringSpace);
+    }
 }
 
 // With half a unit at the end of the left one, every byte of the right one moves.
 Ref<String> join(const String& left, const String& right) {
     require_space(left.units().size() + right.units().size());
-    if (left.has_half_unit()) return text_of_bytes(bytes_of(left) + bytes_of(right));
+    if (left.has_half_unit()) {
+        return text_of_bytes(bytes_of(left) + bytes_of(right));
+    }
     auto joined = make<String>(left.units(), right.units());
     joined->set_half_unit(right.has_half_unit());
     return joined;
@@ -21,7 +25,9 @@ Ref<String> join(const String& left, const String& right) {
 
 // What an operand adds to a text; Null adds nothing.
 Ref<String> part_of(Context& context, const Value& value) {
-    if (value.is(Type::Null)) return make<String>(std::u16string_view());
+    if (value.is(Type::Null)) {
+        return make<String>(std::u16string_view());
+    }
     return to_text(context, value);
 }
 
@@ -35,7 +41,9 @@ std::string bytes_of(const String& text) {
         bytes.push_back(static_cast<char>(unit & kByte));
         bytes.push_back(static_cast<char>(unit >> 8));
     }
-    if (text.has_half_unit()) bytes.pop_back();
+    if (text.has_half_unit()) {
+        bytes.pop_back();
+    }
     return bytes;
 }
 
@@ -55,13 +63,21 @@ Ref<String> text_of_bytes(std::string_view bytes) {
 
 Value concatenate(Context& context, const Value& left, const Value& right) {
     if (left.is(Type::String) && right.is(Type::String)) {
-        if (left.text().byte_size() == 0) return right;
-        if (right.text().byte_size() == 0) return left;
+        if (left.text().byte_size() == 0) {
+            return right;
+        }
+        if (right.text().byte_size() == 0) {
+            return left;
+        }
         return Value(join(left.text(), right.text()));
     }
-    if (is_object(left, right)) return on_plain(context, left, right, concatenate);
+    if (is_object(left, right)) {
+        return on_plain(context, left, right, concatenate);
+    }
     require_operands(left, right);
-    if (left.is(Type::Null) && right.is(Type::Null)) return Value(kNull);
+    if (left.is(Type::Null) && right.is(Type::Null)) {
+        return Value(kNull);
+    }
     return Value(join(*part_of(context, left), *part_of(context, right)));
 }
 

@@ -40,7 +40,9 @@ std::optional<int> month_of(const Locale& locale, std::u16string_view word) {
         const auto* const name = std::ranges::find_if(*names, [word](std::u16string_view month) {
             return equals_ignoring_case(word, month);
         });
-        if (name != names->end()) return static_cast<int>(name - names->begin()) + 1;
+        if (name != names->end()) {
+            return static_cast<int>(name - names->begin()) + 1;
+        }
     }
     return std::nullopt;
 }
@@ -52,18 +54,24 @@ std::optional<Token> word_token(const Locale& locale, std::u16string_view word) 
         return equals_ignoring_case(word, name) || equals_ignoring_case(word, letter) ||
                equals_ignoring_case(word, local);
     };
-    if (is_one_of(u"am", u"a", locale.am)) return Token{.kind = TokenKind::HalfOfDay};
+    if (is_one_of(u"am", u"a", locale.am)) {
+        return Token{.kind = TokenKind::HalfOfDay};
+    }
     if (is_one_of(u"pm", u"p", locale.pm)) {
         return Token{.kind = TokenKind::HalfOfDay, .number = kHalf};
     }
     const auto month = month_of(locale, word);
-    if (!month) return std::nullopt;
+    if (!month) {
+        return std::nullopt;
+    }
     return Token{.kind = TokenKind::Month, .number = *month};
 }
 
 std::optional<Token> number_token(std::u16string_view digits) {
     constexpr std::size_t kMostDigits = 4;
-    if (digits.size() > kMostDigits) return std::nullopt;
+    if (digits.size() > kMostDigits) {
+        return std::nullopt;
+    }
     Token token{.kind = TokenKind::Number, .digits = digits.size()};
     for (const char16_t digit : digits) {
         token.number = token.number * 10 + (digit - u'0');
@@ -74,12 +82,16 @@ std::optional<Token> number_token(std::u16string_view digits) {
 // A full stop parts the numbers of a time, unless the locale has it between those of a date.
 std::optional<Token> mark_token(const Locale& locale, char16_t unit) {
     constexpr std::u16string_view kMarks = u"/-,";
-    if (unit == u':') return Token{.kind = TokenKind::Colon};
+    if (unit == u':') {
+        return Token{.kind = TokenKind::Colon};
+    }
     if (unit == u'.') {
         const bool parts_dates = locale.date_separator == u'.';
         return Token{.kind = parts_dates ? TokenKind::Mark : TokenKind::Colon, .unit = unit};
     }
-    if (kMarks.find(unit) == std::u16string_view::npos) return std::nullopt;
+    if (kMarks.find(unit) == std::u16string_view::npos) {
+        return std::nullopt;
+    }
     return Token{.kind = TokenKind::Mark, .unit = unit};
 }
 
@@ -104,7 +116,9 @@ std::optional<Tokens> tokens_of(const Locale& locale, std::u16string_view text) 
         } else if (text.front() != u' ') {
             return std::nullopt;
         }
-        if (tokens.size() > kMostTokens) return std::nullopt;
+        if (tokens.size() > kMostTokens) {
+            return std::nullopt;
+        }
         text.remove_prefix(length);
     }
     return tokens;
@@ -131,20 +145,30 @@ std::optional<int> take_time(Tokens& tokens, std::size_t index) {
     std::array<int, 3> parts{};
     std::size_t end = index;
     for (std::size_t part = 0; part < parts.size(); ++part) {
-        if (!is_kind(tokens, end, TokenKind::Number) || tokens[end].digits > 2) return std::nullopt;
+        if (!is_kind(tokens, end, TokenKind::Number) || tokens[end].digits > 2) {
+            return std::nullopt;
+        }
         parts[part] = tokens[end++].number;
-        if (part + 1 == parts.size() || !is_kind(tokens, end, TokenKind::Colon)) break;
+        if (part + 1 == parts.size() || !is_kind(tokens, end, TokenKind::Colon)) {
+            break;
+        }
         ++end;
     }
     int hour = parts[0];
     if (is_kind(tokens, end, TokenKind::HalfOfDay)) {
-        if (hour <= 12) hour = hour % 12 + tokens[end].number;
+        if (hour <= 12) {
+            hour = hour % 12 + tokens[end].number;
+        }
         ++end;
     }
-    if (hour > 23 || parts[1] > 59 || parts[2] > 59) return std::nullopt;
+    if (hour > 23 || parts[1] > 59 || parts[2] > 59) {
+        return std::nullopt;
+    }
     tokens.erase(tokens.begin() + static_cast<std::ptrdiff_t>(index),
                  tokens.begin() + static_cast<std::ptrdiff_t>(end));
-    if (!tokens.empty() && tokens.back().unit == u',') tokens.pop_back();
+    if (!tokens.empty() && tokens.back().unit == u',') {
+        tokens.pop_back();
+    }
     return hour * 3600 + parts[1] * 60 + parts[2];
 }
 
@@ -154,7 +178,9 @@ std::optional<Tokens> parts_of_date(const Tokens& tokens) {
     bool separated = true;
     for (const Token& token : tokens) {
         if (token.kind == TokenKind::Mark) {
-            if (separated) return std::nullopt;
+            if (separated) {
+                return std::nullopt;
+            }
             separated = true;
         } else if (token.kind == TokenKind::Number || token.kind == TokenKind::Month) {
             parts.push_back(token);
@@ -193,7 +219,9 @@ std::optional<std::int64_t> day_in_order(const Tokens& parts, const Order& order
                                          int current_year) {
     const Token& month = parts[order.month];
     const bool has_year = order.year.has_value();
-    if (is_year_only(month) || (order.day && is_year_only(parts[*order.day]))) return std::nullopt;
+    if (is_year_only(month) || (order.day && is_year_only(parts[*order.day]))) {
+        return std::nullopt;
+    }
     return checked_serial(has_year ? year_of(parts[*order.year]) : current_year, month.number,
                           order.day ? parts[*order.day].number : 1);
 }
@@ -201,7 +229,9 @@ std::optional<std::int64_t> day_in_order(const Tokens& parts, const Order& order
 std::optional<std::int64_t> first_that_fits(const Tokens& parts, std::span<const Order> orders,
                                             int current_year) {
     for (const Order& order : orders) {
-        if (const auto day = day_in_order(parts, order, current_year)) return day;
+        if (const auto day = day_in_order(parts, order, current_year)) {
+            return day;
+        }
     }
     return std::nullopt;
 }
@@ -256,10 +286,16 @@ std::optional<std::int64_t> day_with_month_name(const Tokens& parts, std::size_t
 
 std::optional<std::int64_t> day_of(const Locale& locale, const Tokens& tokens, int current_year) {
     const auto parts = parts_of_date(tokens);
-    if (!parts || parts->size() < 2 || parts->size() > 3) return std::nullopt;
+    if (!parts || parts->size() < 2 || parts->size() > 3) {
+        return std::nullopt;
+    }
     const auto months = std::ranges::count(*parts, TokenKind::Month, &Token::kind);
-    if (months == 0) return day_of_numbers(locale, *parts, current_year);
-    if (months > 1) return std::nullopt;
+    if (months == 0) {
+        return day_of_numbers(locale, *parts, current_year);
+    }
+    if (months > 1) {
+        return std::nullopt;
+    }
     const auto month = std::ranges::find(*parts, TokenKind::Month, &Token::kind);
     return day_with_month_name(*parts, static_cast<std::size_t>(month - parts->begin()),
                                current_year);
@@ -269,13 +305,19 @@ std::optional<std::int64_t> day_of(const Locale& locale, const Tokens& tokens, i
 
 std::optional<Date> parse_date(const Locale& locale, std::u16string_view text, int current_year) {
     auto tokens = tokens_of(locale, text);
-    if (!tokens || tokens->empty()) return std::nullopt;
+    if (!tokens || tokens->empty()) {
+        return std::nullopt;
+    }
     int seconds = 0;
     if (const auto time_at = find_time(*tokens)) {
         const auto time = take_time(*tokens, *time_at);
-        if (!time) return std::nullopt;
+        if (!time) {
+            return std::nullopt;
+        }
         seconds = *time;
-        if (tokens->empty()) return date_of(0, seconds);
+        if (tokens->empty()) {
+            return date_of(0, seconds);
+        }
     }
     const auto day = day_of(locale, *tokens, current_year);
     return day ? date_of(*day, seconds) : std::nullopt;

@@ -104,7 +104,9 @@ ScriptError::ScriptError(std::int32_t the_number, std::u16string text, std::u16s
 
 std::u16string ScriptError::message() const {
     std::u16string text = description;
-    if (!subject.empty()) text.append(u": '").append(subject).append(u"'");
+    if (!subject.empty()) {
+        text.append(u": '").append(subject).append(u"'");
+    }
     return text;
 }
 

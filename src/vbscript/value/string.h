@@ -38,7 +38,7 @@ class String final : public Counted {
     }
 
     // Longer texts are error 14, "Out of string space".
-    static constexpr std::size_t kMaximumUnits = std::size_t{1} << 28;
+    static constexpr std::size_t kMaximumUnits = std::size_t{1} << 26;
 
   private:
     std::u16string units_;

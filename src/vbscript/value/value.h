@@ -105,7 +105,9 @@ class Value {
     Value(T*) = delete;  // a pointer is no truth value
 
     Value(const Value& other) noexcept : type_(other.type_), content_(other.content_) {
-        if (is_counted() && content_.shared != nullptr) content_.shared->retain();
+        if (is_counted() && content_.shared != nullptr) {
+            content_.shared->retain();
+        }
     }
 
     Value(Value&& other) noexcept : type_(other.type_), content_(other.content_) {
@@ -125,7 +127,9 @@ class Value {
     }
 
     ~Value() {
-        if (is_counted()) release();
+        if (is_counted()) {
+            release();
+        }
     }
 
     void swap(Value& other) noexcept {
@@ -175,7 +179,9 @@ class Value {
     [[nodiscard]] Value& variable() const noexcept { return *content_.variable; }
 
     void set_reference(Value& variable) noexcept {
-        if (is_counted()) release();
+        if (is_counted()) {
+            release();
+        }
         type_ = kReference;
         content_.variable = &variable;
     }
@@ -201,13 +207,17 @@ class Value {
 
     // Numbers in place, without an allocation.
     void set_number(Type type, std::int32_t number) noexcept {
-        if (is_counted()) release();
+        if (is_counted()) {
+            release();
+        }
         type_ = type;
         content_.whole = number;
     }
 
     void set_real(Type type, double real) noexcept {
-        if (is_counted()) release();
+        if (is_counted()) {
+            release();
+        }
         type_ = type;
         content_.real = real;
     }
@@ -220,7 +230,9 @@ class Value {
     }
 
     void release() noexcept {
-        if (content_.shared != nullptr) content_.shared->release();
+        if (content_.shared != nullptr) {
+            content_.shared->release();
+        }
     }
 
     Type type_ = Type::Empty;
