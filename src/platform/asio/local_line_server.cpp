@@ -1,13 +1,12 @@
 #include "platform/asio/local_line_server.h"
 
 #include <boost/asio/local/stream_protocol.hpp>
-#include <boost/asio/steady_timer.hpp>
 #include <boost/system/system_error.hpp>
-#include <chrono>
 #include <set>
 #include <utility>
 
 #include "automation/run_time_error.h"
+#include "platform/asio/accept_loop.h"
 #include "platform/asio/asio_pump_internal.h"
 #include "platform/asio/local_line_transfer.h"
 #include "platform/asio/socket_errors.h"
@@ -19,8 +18,6 @@ using asio::local::stream_protocol;
 using boost::system::error_code;
 
 namespace {
-
-constexpr std::chrono::milliseconds kRetryPause{100};
 
 stream_protocol::endpoint endpoint_of(const std::filesystem::path& path) {
     try {
@@ -62,11 +59,13 @@ void LineConnection::close() const {
     }
 }
 
-class LocalLineServer::Acceptor : public LocalLineTransfer::Owner,
-                                  public std::enable_shared_from_this<Acceptor> {
+class LocalLineServer::Acceptor : public LocalLineTransfer::Owner {
   public:
     Acceptor(asio::io_context& context, LineEvents events)
-        : context_(context), acceptor_(context), retry_(context), events_(std::move(events)) {}
+        : context_(context),
+          loop_(std::make_shared<Loop>(
+              context, [this](stream_protocol::socket socket) { take_up(std::move(socket)); })),
+          events_(std::move(events)) {}
 
     Acceptor(const Acceptor&) = delete;
     Acceptor& operator=(const Acceptor&) = delete;
@@ -76,11 +75,7 @@ class LocalLineServer::Acceptor : public LocalLineTransfer::Owner,
     void open(const std::filesystem::path& path) {
         const auto endpoint = endpoint_of(path);
         remove_if_left_behind(context_, endpoint);
-        error_code error;
-        acceptor_.open(endpoint.protocol(), error);
-        throw_if_failed(error, path.string());
-        acceptor_.bind(endpoint, error);
-        throw_if_failed(error, path.string());
+        loop_->bind(endpoint, path.string());
         path_ = path;
         // Nobody can connect before the call of listen.
         std::error_code file_error;
@@ -88,15 +83,11 @@ class LocalLineServer::Acceptor : public LocalLineTransfer::Owner,
             path, std::filesystem::perms::owner_read | std::filesystem::perms::owner_write,
             file_error);
         throw_if_failed(file_error, path.string());
-        acceptor_.listen(stream_protocol::acceptor::max_listen_connections, error);
-        throw_if_failed(error, path.string());
-        accept();
+        loop_->listen(path.string());
     }
 
     void close() noexcept {
-        error_code ignored;
-        acceptor_.close(ignored);
-        retry_.cancel();
+        loop_->close();
         for (const auto& transfer : transfers_) {
             transfer->drop();
         }
@@ -118,20 +109,7 @@ class LocalLineServer::Acceptor : public LocalLineTransfer::Owner,
     }
 
   private:
-    void accept() {
-        acceptor_.async_accept(
-            [self = shared_from_this()](const error_code& error, stream_protocol::socket socket) {
-                if (!self->acceptor_.is_open()) {
-                    return;
-                }
-                if (error) {
-                    self->retry_later();
-                } else {
-                    self->accept();
-                    self->take_up(std::move(socket));
-                }
-            });
-    }
+    using Loop = AcceptLoop<stream_protocol>;
 
     void take_up(stream_protocol::socket socket) {
         const auto transfer = std::make_shared<LocalLineTransfer>(std::move(socket), *this);
@@ -139,19 +117,8 @@ class LocalLineServer::Acceptor : public LocalLineTransfer::Owner,
         transfer->start();
     }
 
-    // Of a failure that lasts, such as too many open files.
-    void retry_later() {
-        retry_.expires_after(kRetryPause);
-        retry_.async_wait([self = shared_from_this()](const error_code& error) {
-            if (!error && self->acceptor_.is_open()) {
-                self->accept();
-            }
-        });
-    }
-
     asio::io_context& context_;
-    stream_protocol::acceptor acceptor_;
-    asio::steady_timer retry_;
+    std::shared_ptr<Loop> loop_;
     LineEvents events_;
     std::filesystem::path path_;  // of the socket file, once it is ours
     std::set<std::shared_ptr<LocalLineTransfer>> transfers_;
@@ -160,7 +127,7 @@ class LocalLineServer::Acceptor : public LocalLineTransfer::Owner,
 LocalLineServer::LocalLineServer(AsioPump& pump, const std::filesystem::path& path,
                                  LineEvents events)
     : acceptor_(
-          std::make_shared<Acceptor>(AsioPumpAccess::io_context_of(pump), std::move(events))) {
+          std::make_unique<Acceptor>(AsioPumpAccess::io_context_of(pump), std::move(events))) {
     acceptor_->open(path);
 }
 

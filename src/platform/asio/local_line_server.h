@@ -62,7 +62,7 @@ class LocalLineServer {
   private:
     class Acceptor;
 
-    std::shared_ptr<Acceptor> acceptor_;  // shared with its own waits
+    std::unique_ptr<Acceptor> acceptor_;
 };
 
 }  // namespace platform

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <boost/asio/local/stream_protocol.hpp>
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <string>
@@ -50,7 +51,7 @@ class LocalLineTransfer : public std::enable_shared_from_this<LocalLineTransfer>
     Socket socket_;
     Owner& owner_;
     Phase phase_ = Phase::Open;
-    std::array<char, 16 * 1024> chunk_{};
+    std::array<char, std::size_t{16} * 1024> chunk_{};
     std::string unfinished_line_;
     std::string outgoing_;  // the write in flight
     std::string queued_;    // behind it

@@ -1,17 +1,17 @@
 #pragma once
 
 #include <boost/asio/ip/tcp.hpp>
-#include <boost/asio/steady_timer.hpp>
 #include <cstdint>
 #include <memory>
 #include <string>
 
 #include "host/sockets.h"
+#include "platform/asio/accept_loop.h"
 #include "platform/asio/waiting_requests.h"
 
 namespace platform {
 
-// A listening port, shared between the socket that opened it and its own waits.
+// A listening port, owned by the socket that opened it and kept alive by an event of its own.
 class TcpListener : public std::enable_shared_from_this<TcpListener> {
   public:
     TcpListener(boost::asio::io_context& context, std::shared_ptr<WaitingRequests> requests,
@@ -29,12 +29,12 @@ class TcpListener : public std::enable_shared_from_this<TcpListener> {
     [[nodiscard]] const std::string& latest_peer() const noexcept { return latest_peer_; }
 
   private:
-    void accept();
-    void on_accept(const boost::system::error_code& error, boost::asio::ip::tcp::socket socket);
-    void retry_later();
+    using Loop = AcceptLoop<boost::asio::ip::tcp>;
 
-    boost::asio::ip::tcp::acceptor acceptor_;
-    boost::asio::steady_timer retry_;
+    void on_connection(Loop::Socket socket);
+
+    boost::asio::io_context& context_;
+    std::shared_ptr<Loop> loop_;  // from `open` on
     std::shared_ptr<WaitingRequests> requests_;
     host::TcpSocketEvents& events_;
     std::string latest_peer_;

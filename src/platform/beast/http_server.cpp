@@ -3,14 +3,13 @@
 #include <algorithm>
 #include <boost/asio/io_context.hpp>
 #include <boost/asio/ip/tcp.hpp>
-#include <boost/asio/steady_timer.hpp>
 #include <set>
 #include <utility>
 
 #include "automation/run_time_error.h"
 #include "host/http.h"
+#include "platform/asio/accept_loop.h"
 #include "platform/asio/asio_pump_internal.h"
-#include "platform/asio/socket_errors.h"
 #include "platform/beast/http_connection.h"
 
 namespace platform {
@@ -19,9 +18,6 @@ using boost::asio::ip::tcp;
 using boost::system::error_code;
 
 namespace {
-
-// Pause after a failure that lasts, such as too many open files.
-constexpr std::chrono::milliseconds kRetryPause{100};
 
 boost::asio::ip::address address_of(const std::string& text) {
     error_code error;
@@ -38,7 +34,10 @@ boost::asio::ip::address address_of(const std::string& text) {
 class HttpServer::Core : public HttpConnection::Owner, public std::enable_shared_from_this<Core> {
   public:
     Core(boost::asio::io_context& context, host::HttpHandler& handler, const HttpLimits& limits)
-        : handler_(handler), limits_(limits), acceptor_(context), retry_(context) {}
+        : handler_(handler),
+          limits_(limits),
+          loop_(std::make_shared<Loop>(
+              context, [this](tcp::socket socket) { take_up(std::move(socket)); })) {}
 
     Core(const Core&) = delete;
     Core& operator=(const Core&) = delete;
@@ -47,32 +46,19 @@ class HttpServer::Core : public HttpConnection::Owner, public std::enable_shared
     void open(const std::string& address, std::int32_t port) {
         const tcp::endpoint endpoint(address_of(address), port_number(port));
         const std::string place = address + ":" + std::to_string(port);
-        error_code error;
-        acceptor_.open(endpoint.protocol(), error);
-        throw_if_failed(error, place);
-        acceptor_.set_option(tcp::acceptor::reuse_address(true), error);
-        throw_if_failed(error, place);
-        acceptor_.bind(endpoint, error);
-        throw_if_failed(error, place);
-        acceptor_.listen(tcp::acceptor::max_listen_connections, error);
-        throw_if_failed(error, place);
-        accept();
+        loop_->bind(endpoint, place);
+        loop_->listen(place);
     }
 
     void close() noexcept {
-        error_code ignored;
-        acceptor_.close(ignored);
-        retry_.cancel();
+        loop_->close();
         for (const auto& connection : connections_) {
             connection->drop();
         }
         connections_.clear();
     }
 
-    [[nodiscard]] std::int32_t port() const {
-        error_code ignored;
-        return acceptor_.local_endpoint(ignored).port();
-    }
+    [[nodiscard]] std::int32_t port() const { return loop_->local_endpoint().port(); }
 
     [[nodiscard]] host::HttpHandler& handler() override { return handler_; }
 
@@ -81,20 +67,7 @@ class HttpServer::Core : public HttpConnection::Owner, public std::enable_shared
     }
 
   private:
-    void accept() {
-        acceptor_.async_accept(
-            [self = shared_from_this()](const error_code& error, tcp::socket socket) {
-                if (!self->acceptor_.is_open()) {
-                    return;
-                }
-                if (error) {
-                    self->retry_later();
-                } else {
-                    self->accept();
-                    self->take_up(std::move(socket));
-                }
-            });
-    }
+    using Loop = AcceptLoop<tcp>;
 
     void take_up(tcp::socket socket) {
         if (connections_.size() >= limits_.connections && !make_room()) {
@@ -122,19 +95,9 @@ class HttpServer::Core : public HttpConnection::Owner, public std::enable_shared
         return true;
     }
 
-    void retry_later() {
-        retry_.expires_after(kRetryPause);
-        retry_.async_wait([self = shared_from_this()](const error_code& error) {
-            if (!error && self->acceptor_.is_open()) {
-                self->accept();
-            }
-        });
-    }
-
     host::HttpHandler& handler_;
     HttpLimits limits_;
-    tcp::acceptor acceptor_;
-    boost::asio::steady_timer retry_;
+    std::shared_ptr<Loop> loop_;
     std::set<std::shared_ptr<HttpConnection>> connections_;
 };
 
