@@ -30,6 +30,8 @@ run_tests() {
 
 say "Installing packages that are missing"
 install_packages "${ZYN_PACKAGES[@]}" "${ZYN_CHECK_PACKAGES[@]}"
+say "Installing what the tests in a browser need"
+npm --prefix tests/browser ci --loglevel=error
 check_format
 if [ "${1-}" = --all ]; then
     build asan

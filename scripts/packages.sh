@@ -14,8 +14,13 @@ ZYN_PACKAGES=(
 # What the checks of ./test.sh need beside them.
 # shellcheck disable=SC2034
 ZYN_CHECK_PACKAGES=(
-    git clang-format clang-tidy shellcheck libbenchmark-dev curl lighttpd procps
+    git clang-format clang-tidy shellcheck libbenchmark-dev curl lighttpd procps nodejs chromium
 )
+
+# A Node.js from elsewhere brings its own.
+if ! command -v npm >/dev/null; then
+    ZYN_CHECK_PACKAGES+=(npm)
+fi
 
 # What ./fuzz.sh needs beside ZYN_PACKAGES.
 # shellcheck disable=SC2034

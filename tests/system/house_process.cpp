@@ -90,7 +90,7 @@ void House::write_settings() const {
         const std::string ip = unit.address.substr(0, unit.address.find(':'));
         host += unit.power_device + "=../units/" + name + "\n";
         plugin += ip + "/" + unit.address + "=" + name + ",," + unit.power_device + "," +
-                  unit.motion_device + ",0,,\n";
+                  unit.motion_device + "," + slideshow_group_ + ",,\n";
     }
     folder_.write("home/Config/settings.ini", host);
     folder_.write("home/Config/zynVeloraUtilities.ini", plugin + more_settings_);

@@ -44,6 +44,9 @@ class House {
     // A setting of section "Velora Utilities", in the place of the one it has.
     void set(const std::string& key, const std::string& value) { settings_[key] = value; }
 
+    // The group of slides that all units show, in the place of none.
+    void set_slideshow_group(int group) { slideshow_group_ = std::to_string(group); }
+
     // The port of the host's own web server, in the place of a free one.
     void take_host_port(const std::string& port) { host_port_ = port; }
 
@@ -139,6 +142,7 @@ class House {
     TemporaryFolder folder_;
     std::vector<std::string> names_;
     std::map<std::string, std::string> settings_;
+    std::string slideshow_group_ = "0";
     std::string host_port_;
     std::string before_units_;
     std::string more_settings_;

@@ -20,12 +20,8 @@ TEST(Slideshow, UnitWalksThroughPicturesAndPagesAndStops) {
     house.set("1SlideASP", "slides\\pictures\\morning.jpg,1");
     house.set("2SlideASP", "\\slides\\clock.asp,1");
     house.set("3SlideASP", "slides\\welcome.html,1");
+    house.set_slideshow_group(1);
     house.start();
-    std::string settings = house.settings();
-    const std::size_t group = settings.find("B1,0,");  // behind the motion sensor
-    ASSERT_NE(group, std::string::npos);
-    house.replace_settings(settings.replace(group, 5, "B1,1,"));
-    house.call({"VeloraReloadSettings"});
     house.call({"VeloraSlideshow", "Kitchen"});
 
     const auto folder = house.unit_folder("Kitchen");
