@@ -49,6 +49,7 @@ automation::RunTimeError no_value(const host::DeviceFields& fields, std::string_
 
 std::string text_of(const std::vector<DeviceChoice>& choices) {
     std::vector<std::string> texts;
+    texts.reserve(choices.size());
     for (const DeviceChoice& choice : choices) {
         texts.push_back(std::to_string(choice.number) + " " + choice.word);
     }

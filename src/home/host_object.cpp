@@ -69,12 +69,12 @@ std::span<const Member> HostObject::members() const {
 
 std::string HostObject::GetIniSetting(const std::string& section, const std::string& key,
                                       const std::string& fallback,
-                                      std::optional<std::string> file) {
+                                      const std::optional<std::string>& file) {
     return hs_.GetIniSetting(section, key, fallback, file.value_or(std::string(kSettingsFile)));
 }
 
 void HostObject::SaveIniSetting(const std::string& section, const std::string& key,
-                                const std::string& value, std::optional<std::string> file) {
+                                const std::string& value, const std::optional<std::string>& file) {
     hs_.SaveIniSetting(section, key, value, file.value_or(std::string(kSettingsFile)));
 }
 

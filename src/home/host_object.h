@@ -33,9 +33,9 @@ class HostObject final : public automation::TableObject {
 
     // settings, log
     std::string GetIniSetting(const std::string& section, const std::string& key,
-                              const std::string& fallback, std::optional<std::string> file);
+                              const std::string& fallback, const std::optional<std::string>& file);
     void SaveIniSetting(const std::string& section, const std::string& key,
-                        const std::string& value, std::optional<std::string> file);
+                        const std::string& value, const std::optional<std::string>& file);
     std::string GetINISection(const std::string& section, const std::string& file);
     void WriteLog(const std::string& type, const std::string& message);
     std::string GetAppPath();

@@ -26,6 +26,7 @@ constexpr int kIdParameter = 9;
 
 std::string lines_of(const std::vector<Action>& actions) {
     std::vector<std::string> lines;
+    lines.reserve(actions.size());
     for (const Action& action : actions) {
         lines.push_back(text_of(action));
     }

@@ -14,7 +14,7 @@ namespace {
 
 boost::asio::ip::address address_of(std::string_view text) {
     boost::system::error_code error;
-    const auto address = boost::asio::ip::make_address(text, error);
+    auto address = boost::asio::ip::make_address(text, error);
     if (error) {
         throw automation::RunTimeError(automation::ErrorNumber::InvalidProcedureCall,
                                        "Invalid address: " + std::string(text));

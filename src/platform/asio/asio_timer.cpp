@@ -19,9 +19,10 @@ class AsioTimer::Alarm : public std::enable_shared_from_this<Alarm> {
         wait();
     }
 
-    void silence() {
+    void silence() noexcept {
         ++arming_;
-        timer_.cancel();
+        boost::system::error_code ignored;
+        timer_.cancel(ignored);
     }
 
   private:

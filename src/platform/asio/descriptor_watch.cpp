@@ -43,12 +43,6 @@ class DescriptorWatch::Watcher : public std::enable_shared_from_this<Watcher> {
     }
 
   private:
-    struct WaitAgain {
-        ~WaitAgain() { watcher.set_interest(watcher.interest_); }
-
-        Watcher& watcher;
-    };
-
     // A wait in flight stays when the interest goes, and is ignored when it ends.
     void wait_to_read() {
         if (!interest_.read || waits_.read) {
@@ -80,8 +74,13 @@ class DescriptorWatch::Watcher : public std::enable_shared_from_this<Watcher> {
 
     // The next wait starts behind the call, which is what makes the descriptor unready.
     void tell(Ready ready) {
-        const WaitAgain wait_again{*this};
-        on_ready_(ready);
+        try {
+            on_ready_(ready);
+        } catch (...) {  // such as the end of the pump, which may run anew
+            set_interest(interest_);
+            throw;
+        }
+        set_interest(interest_);
     }
 
     static bool is_cancelled(const error_code& error) {

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <cstddef>
 #include <system_error>
 
 #include "automation/run_time_error.h"
@@ -109,7 +110,7 @@ void LocalLineClient::wait_until_readable(const Deadline& deadline) const {
 }
 
 bool LocalLineClient::receive() {
-    std::array<char, 16 * 1024> chunk;
+    std::array<char, std::size_t{16} * 1024> chunk;
     const ssize_t length = recv(descriptor_, chunk.data(), chunk.size(), 0);
     if (length < 0 && errno != EINTR && errno != ECONNRESET) {
         fail(errno);

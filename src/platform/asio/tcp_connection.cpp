@@ -4,6 +4,7 @@
 #include <boost/asio/buffer.hpp>
 #include <boost/asio/connect.hpp>
 #include <boost/asio/write.hpp>
+#include <exception>
 #include <utility>
 
 #include "platform/asio/socket_errors.h"
@@ -170,11 +171,15 @@ void TcpConnection::leave() noexcept {
         close();
         return;
     }
-    read();
-    if (writing_) {
-        end_within(kSendingTime);
-    } else {
-        finish_sending();
+    try {
+        read();
+        if (writing_) {
+            end_within(kSendingTime);
+        } else {
+            finish_sending();
+        }
+    } catch (const std::exception&) {
+        close();  // at the peer's cost: nothing is left to wait with
     }
 }
 
@@ -210,7 +215,7 @@ void TcpConnection::fail(const error_code& error) {
 void TcpConnection::close() noexcept {
     error_code ignored;
     socket_.close(ignored);
-    end_.cancel();
+    end_.cancel(ignored);
 }
 
 }  // namespace platform

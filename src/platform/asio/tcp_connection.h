@@ -18,7 +18,8 @@ namespace platform {
 // it lives on by itself until the queued bytes are sent.
 class TcpConnection : public std::enable_shared_from_this<TcpConnection> {
   public:
-    static constexpr std::size_t kWaitingBytes = 64 * 1024;  // above that, the peer has to wait
+    static constexpr std::size_t kWaitingBytes =
+        std::size_t{64} * 1024;                              // above that, the peer has to wait
     static constexpr std::chrono::seconds kSendingTime{30};  // of queued bytes, after `leave`
     static constexpr std::chrono::seconds kLingerTime{2};    // for the peer to close, behind them
 
@@ -67,7 +68,7 @@ class TcpConnection : public std::enable_shared_from_this<TcpConnection> {
     host::SocketState state_ = host::SocketState::Closed;
     std::string peer_;
 
-    std::array<char, 16 * 1024> chunk_{};  // target of the read in flight
+    std::array<char, std::size_t{16} * 1024> chunk_{};  // target of the read in flight
     std::string arrived_;
     bool reading_ = false;
     bool peer_has_closed_ = false;

@@ -11,7 +11,7 @@
 namespace platform {
 
 // The socket that the logic holds: closed, or with either a listener or a connection behind it.
-class AsioTcpSocket : public host::TcpSocket {
+class AsioTcpSocket final : public host::TcpSocket {
   public:
     AsioTcpSocket(boost::asio::io_context& context, boost::asio::ip::address listen_address,
                   std::shared_ptr<WaitingRequests> requests, host::TcpSocketEvents& events);

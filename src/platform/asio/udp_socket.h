@@ -9,7 +9,7 @@
 namespace platform {
 
 // The UDP socket that the logic holds, with a port behind it while it is bound.
-class AsioUdpSocket : public host::UdpSocket {
+class AsioUdpSocket final : public host::UdpSocket {
   public:
     AsioUdpSocket(boost::asio::io_context& context, boost::asio::ip::address listen_address,
                   host::UdpSocketEvents& events);
