@@ -61,6 +61,7 @@ host::Platform BenchMachine::platform() noexcept {
             .user_store = user_store_,
             .desktop = desktop_,
             .script_controls = script_controls_,
+            .serial_ports = serial_ports_,
             .protection = host::Protection::hardened()};
 }
 

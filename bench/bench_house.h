@@ -12,6 +12,7 @@
 #include "home/ini_user_store.h"
 #include "platform/asio/asio_network.h"
 #include "platform/asio/asio_pump.h"
+#include "platform/asio/asio_serial_ports.h"
 #include "platform/curl/curl_page_fetcher.h"
 #include "platform/gd/gd_image_resizer.h"
 #include "platform/system/command_speech.h"
@@ -72,6 +73,8 @@ class BenchMachine {
     platform::LogDesktop desktop_;
     vbscript::ScriptServices script_services_{.clock = clock_, .desktop = desktop_, .classes = {}};
     vbscript::ScriptControls script_controls_{script_services_};
+    platform::AsioSerialPorts serial_ports_{
+        pump_, [](std::string_view) { return std::filesystem::path(); }};
 };
 
 // The plug-in as the daemon carries it. Started, and idle, once it is made.

@@ -39,6 +39,9 @@ void add_device_command(CLI::App& program, Run& run, const std::vector<std::stri
 void add_x10_command(CLI::App& program, Run& run, const std::vector<std::string>& verbatim);
 void add_press_command(CLI::App& program, Run& run, const std::vector<std::string>& verbatim);
 void add_menu_command(CLI::App& program, Run& run, const std::vector<std::string>& verbatim);
+void add_udp_client_command(CLI::App& program, Run& run);
+void add_phonebook_command(CLI::App& program, Run& run);
+void add_ring_command(CLI::App& program, Run& run);
 void add_events_command(CLI::App& program, Run& run);
 void add_event_command(CLI::App& program, Run& run);
 

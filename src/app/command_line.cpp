@@ -86,6 +86,9 @@ void add_commands(CLI::App& program, Run& run, const Words& words,
     add_x10_command(program, run, words.verbatim);
     add_press_command(program, run, words.verbatim);
     add_menu_command(program, run, words.verbatim);
+    add_udp_client_command(program, run);
+    add_phonebook_command(program, run);
+    add_ring_command(program, run);
     add_events_command(program, run);
     add_event_command(program, run);
     add_script_command(program, run, words.verbatim);

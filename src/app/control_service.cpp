@@ -100,6 +100,7 @@ ControlService::ControlService(host::Plugin& plugin, home::EmbeddedHost& host)
       log_(host.log()),
       devices_(plugin, host),
       events_(host.event_engine()),
+      phone_(plugin, host),
       kinds_(make_kinds()) {}
 
 std::vector<ControlService::Kind> ControlService::make_kinds() {
@@ -120,6 +121,11 @@ std::vector<ControlService::Kind> ControlService::make_kinds() {
         {"run_event", Waits::Perhaps, [this](const Json& r) { return events_.run(r); }},
         {"enable_event", Waits::Never, [this](const Json& r) { return events_.enable(r); }},
         {"disable_event", Waits::Never, [this](const Json& r) { return events_.disable(r); }},
+        {"modem", Waits::Never, [this](const Json&) { return phone_.modem(); }},
+        {"modem_send", Waits::Never, [this](const Json& r) { return phone_.modem_send(r); }},
+        {"phonebook", Waits::Never, [this](const Json&) { return phone_.phonebook(); }},
+        {"look_up", Waits::Never, [this](const Json& r) { return phone_.look_up(r); }},
+        {"ring", Waits::Perhaps, [this](const Json& r) { return phone_.ring(r); }},
     };
 }
 

@@ -10,6 +10,7 @@
 #include "app/device_requests.h"
 #include "app/event_requests.h"
 #include "app/json.h"
+#include "app/phone_requests.h"
 #include "home/subscriptions.h"
 
 namespace home {
@@ -70,6 +71,18 @@ class AnswerSink {
 //     {"do":"run_event","name":"dusk"} or "remove_event"
 //         {"done":"run"}
 //
+//     {"do":"modem"}
+//         {"modem":{"open":true,"data":"...","status":"...","data_written":7031,
+//         "status_written":210}}: both boxes, and the characters ever written to them
+//     {"do":"modem_send","text":"ATI3\r\n"}
+//         {"done":"sent"}
+//     {"do":"phonebook"}
+//         {"phonebook":[{"number":"...","name":"...","location":"home","sound":""}]}
+//     {"do":"look_up","number":"503 555 1234"}
+//         {"caller":"(503) 555-1234 : Anna Smith from home"}
+//     {"do":"ring","number":"5035551234","name":"SMITH ANNA","line":1}
+//         {"done":"line 1"}
+//
 // A request that cannot be carried out gets an "error". Owned by the daemon; knows no socket.
 class ControlService {
   public:
@@ -111,6 +124,7 @@ class ControlService {
     home::SqliteLog& log_;
     DeviceRequests devices_;
     EventRequests events_;
+    PhoneRequests phone_;
     std::vector<Kind> kinds_;
     int waiting_ = 0;  // requests that may wait and run, each on top of the one before
     std::vector<std::pair<std::shared_ptr<AnswerSink>, home::Subscription>> followers_;

@@ -52,6 +52,20 @@ platform::AsioNetwork make_network(platform::AsioPump& pump, host::Settings& set
     }
 }
 
+// The device of a serial port, by its number: what section "Serial Ports" says, below the home if
+// it is no whole path, else the machine's own port of that number.
+std::filesystem::path serial_device(host::Settings& settings, const std::filesystem::path& home,
+                                    std::string_view port) {
+    const std::string device = automation::code_page_to_utf8(
+        plain_setting(settings, "Serial Ports", port, "", kHostSettings));
+    if (!device.empty()) {
+        return home / device;
+    }
+    const double number = automation::numeric_prefix(port);
+    return number < 1 ? std::filesystem::path()
+                      : std::filesystem::path("/dev/ttyS" + automation::text_of(number - 1));
+}
+
 // Runs a last step when the scope ends, however it ends.
 class AtTheEnd {
   public:
@@ -73,6 +87,8 @@ Daemon::Daemon(const DaemonOptions& options, const PluginFactory& make_plugin)
       lock_(home_),
       host_(pump_, clock_, {.home = home_}),
       network_(make_network(pump_, host_)),
+      serial_ports_(pump_,
+                    [this](std::string_view port) { return serial_device(host_, home_, port); }),
       page_fetcher_(pump_),
       user_store_(host_),
       speech_(choose_speech(host_, files_)),
@@ -134,6 +150,7 @@ host::Platform Daemon::platform(const host::Protection& protection) {
             .user_store = user_store_,
             .desktop = desktop_,
             .script_controls = script_controls_,
+            .serial_ports = serial_ports_,
             .protection = protection};
 }
 

@@ -20,6 +20,7 @@
 #include "host/speech.h"
 #include "platform/asio/asio_network.h"
 #include "platform/asio/asio_pump.h"
+#include "platform/asio/asio_serial_ports.h"
 #include "platform/beast/http_server.h"
 #include "platform/curl/curl_page_fetcher.h"
 #include "platform/gd/gd_image_resizer.h"
@@ -80,6 +81,7 @@ class Daemon {
     platform::DiskFiles files_;
     home::EmbeddedHost host_;
     platform::AsioNetwork network_;
+    platform::AsioSerialPorts serial_ports_;
     platform::CurlPageFetcher page_fetcher_;
     home::IniUserStore user_store_;
     std::unique_ptr<host::Speech> speech_;

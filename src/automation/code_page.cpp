@@ -214,4 +214,14 @@ std::size_t find_ignoring_case(std::string_view whole, std::string_view part) {
     return static_cast<std::size_t>(found - whole.begin());
 }
 
+std::string replace_ignoring_case(std::string_view text, std::string_view what,
+                                  std::string_view with) {
+    std::string result;
+    for (std::size_t at = 0; (at = find_ignoring_case(text, what)) != std::string_view::npos;) {
+        result.append(text.substr(0, at)).append(with);
+        text.remove_prefix(at + what.size());
+    }
+    return result.append(text);
+}
+
 }  // namespace automation

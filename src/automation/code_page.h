@@ -25,4 +25,8 @@ namespace automation {
 // Position of `part` in `whole` without regard to case, npos when absent.
 [[nodiscard]] std::size_t find_ignoring_case(std::string_view whole, std::string_view part);
 
+// Every occurrence without regard to case, found from the left; `what` must not be empty.
+[[nodiscard]] std::string replace_ignoring_case(std::string_view text, std::string_view what,
+                                                std::string_view with);
+
 }  // namespace automation

@@ -19,6 +19,9 @@ constexpr double kMillisecondsPerDay = 86'400'000;
 constexpr auto kMonths = std::to_array<std::string_view>(
     {"Jan", "Feb", "Mar", "Apr", "May", "Jun", "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"});
 
+constexpr auto kWeekdays = std::to_array<std::string_view>(
+    {"Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday"});
+
 std::string two_digits(unsigned int number) {
     return (number < 10 ? "0" : "") + std::to_string(number);
 }
@@ -76,6 +79,22 @@ std::string general_date(DateTime moment) {
         return date_text(day);
     }
     return date_text(day) + " " + time_text(since_midnight);
+}
+
+std::string time_of_day(DateTime moment) {
+    const hh_mm_ss time(floor<seconds>(moment - floor<days>(moment)));
+    return two_digits(static_cast<unsigned int>(time.hours().count())) + ":" +
+           two_digits(static_cast<unsigned int>(time.minutes().count())) + ":" +
+           two_digits(static_cast<unsigned int>(time.seconds().count()));
+}
+
+std::string weekday_and_time(DateTime moment) {
+    const auto day = floor<days>(moment);
+    const hh_mm_ss time(floor<minutes>(moment - day));
+    return std::string(kWeekdays[weekday(day).c_encoding()]) + " " +
+           std::to_string(make12(time.hours()).count()) + ":" +
+           two_digits(static_cast<unsigned int>(time.minutes().count())) +
+           (is_am(time.hours()) ? " AM" : " PM");
 }
 
 std::string medium_date(DateTime moment) {

@@ -28,4 +28,10 @@ struct Date {
 // "24-Nov-26": day with two digits, month name of three letters, year of two digits.
 [[nodiscard]] std::string medium_date(DateTime moment);
 
+// "16:03:09"
+[[nodiscard]] std::string time_of_day(DateTime moment);
+
+// "Tuesday 4:03 PM"
+[[nodiscard]] std::string weekday_and_time(DateTime moment);
+
 }  // namespace automation

@@ -24,6 +24,12 @@ bool is_called(const Appliance& appliance, const std::string& name) {
 
 }  // namespace
 
+void wake_unless_always_awake(appliance::Velora& unit) {
+    if (unit.Sleep() != "always awake") {
+        unit.set_Sleep("awake");
+    }
+}
+
 void Fleet::reset() {
     table_.assign(1, Appliance{});
     velora_high_index_ = 0;
@@ -93,20 +99,37 @@ bool Fleet::IsReachable(const appliance::Velora& unit) const {
            services_.instance.hs().isOn(unit.PowerDevice());
 }
 
+std::string Fleet::command_each(const std::string& whichVeloras, const Command& command) {
+    std::string tag = core::MakeTag(services_.instance);
+    bool all_reached = true;
+    for (const auto& unit : GetVeloraObjects(whichVeloras)) {
+        if (IsReachable(*unit)) {
+            command(*unit, tag);
+        } else {
+            all_reached = false;
+        }
+    }
+    return all_reached ? tag : std::string();
+}
+
+std::string Fleet::InternalText(const std::string& whichVeloras, const std::string& text) {
+    return command_each(whichVeloras, [&](appliance::Velora& unit, const std::string& tag) {
+        unit.PushTextMessage(text, tag);
+        wake_unless_always_awake(unit);
+    });
+}
+
+std::string Fleet::InternalWav(const std::string& whichVeloras, const std::string& file) {
+    return command_each(whichVeloras, [&](appliance::Velora& unit, const std::string& tag) {
+        unit.Wav(file, tag);
+    });
+}
+
 std::string Fleet::InternalSpeak(const std::string& whichVeloras, const std::string& text) {
     return guarded(services_.instance.log, "InternalSpeak ", [&] {
-        std::string tag = core::MakeTag(services_.instance);
         const std::string file = services_.sound_files.next_shared_name();
         services_.sound_files.TextToWavFile(text, file);
-        bool all_reached = true;
-        for (const auto& unit : GetVeloraObjects(whichVeloras)) {
-            if (IsReachable(*unit)) {
-                unit->Wav(file, tag);
-            } else {
-                all_reached = false;
-            }
-        }
-        return all_reached ? tag : std::string();
+        return InternalWav(whichVeloras, file);
     });
 }
 

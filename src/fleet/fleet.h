@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -24,6 +25,9 @@ struct Appliance {
     bool VeloraActive = false;  // its line was seen in this pass
     std::shared_ptr<appliance::Velora> unit;
 };
+
+// Wakes the unit's screen, unless it never sleeps.
+void wake_unless_always_awake(appliance::Velora& unit);
 
 // The units of the house in the order of the settings, index 0 first. Owned by the plug-in's entry
 // class. Selections are copies that share the units: they stay valid over waits.
@@ -60,6 +64,15 @@ class Fleet {
 
     // False for a unit whose power switch is off outside a power cycle.
     [[nodiscard]] bool IsReachable(const appliance::Velora& unit) const;
+
+    // Runs `command(unit, tag)` for each selected unit that is reachable, with one tag. Returns the
+    // tag, "" when one of them was not reachable.
+    using Command = std::function<void(appliance::Velora& unit, const std::string& tag)>;
+    std::string command_each(const std::string& whichVeloras, const Command& command);
+
+    // Shows a text as a page on the selected units and wakes them; plays a sound file on them.
+    std::string InternalText(const std::string& whichVeloras, const std::string& text);
+    std::string InternalWav(const std::string& whichVeloras, const std::string& file);
 
     // Speaks a text on the selected units from one sound file. Returns a tag, "" when one of them
     // was not reachable.

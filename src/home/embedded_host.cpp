@@ -35,6 +35,8 @@ EmbeddedHost::EmbeddedHost(host::Pump& pump, const host::Clock& clock, EmbeddedH
       device_store_(database_),
       event_store_(database_),
       menus_(options_.home / "Data" / "menus.db", clock),
+      telephone_(options_.home / "Phone",
+                 [this](const std::string& text) { Writelog("Phone", text); }),
       devices_(device_store_),
       x10_line_(pump, devices_, *this, events_),
       device_commands_(x10_line_),
@@ -47,6 +49,12 @@ EmbeddedHost::EmbeddedHost(host::Pump& pump, const host::Clock& clock, EmbeddedH
     options_.version =
         settings_.GetIniSetting("Settings", "HostVersion", options_.version, "settings.ini");
     std::erase(options_.version, '"');
+}
+
+void EmbeddedHost::telephone_call(std::int16_t line, const std::string& number,
+                                  const std::string& name) {
+    telephone_.note_call(line, number, name);
+    event_engine_.telephone_rings(line);
 }
 
 std::string EmbeddedHost::Version() const {

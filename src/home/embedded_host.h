@@ -15,6 +15,7 @@
 #include "home/events/event_engine.h"
 #include "home/ini/ini_files.h"
 #include "home/menus/sqlite_menu_database.h"
+#include "home/phone/telephone.h"
 #include "home/sqlite/database.h"
 #include "home/sqlite/sqlite_device_store.h"
 #include "home/sqlite/sqlite_event_store.h"
@@ -78,6 +79,10 @@ class EmbeddedHost : public host::HostInterface, public host::CallbackObject {
     // Throws: RunTimeError 5 that names the nearest codes, or the values that there are.
     std::int32_t set_device(std::string_view code, std::string_view value);
 
+    // A call comes in on a telephone line, from 1: it is the line's last call from now on, and
+    // events that wait for it run. May pump.
+    void telephone_call(std::int16_t line, const std::string& number, const std::string& name);
+
     // Scripts find the plug-in by its name from now on. It must outlive their use of the host.
     void carry(host::Plugin& plugin) { plugins_.push_back(&plugin); }
 
@@ -93,6 +98,8 @@ class EmbeddedHost : public host::HostInterface, public host::CallbackObject {
     [[nodiscard]] std::shared_ptr<automation::Object> object() override;
 
     [[nodiscard]] host::MenuDatabase* menu_database() override { return &menus_; }
+
+    [[nodiscard]] host::PhoneAddOn* phone_add_on() override { return &telephone_; }
 
     // Settings
     [[nodiscard]] std::string GetIniSetting(std::string_view section, std::string_view key,
@@ -163,6 +170,7 @@ class EmbeddedHost : public host::HostInterface, public host::CallbackObject {
     SqliteDeviceStore device_store_;
     SqliteEventStore event_store_;
     SqliteMenuDatabase menus_;
+    Telephone telephone_;
     DeviceTable devices_;
     EventBoard events_;
     X10Line x10_line_;

@@ -15,6 +15,7 @@
 namespace host {
 
 class MenuDatabase;
+class PhoneAddOn;
 
 // `hs`: everything that the host offers to a plug-in. Owned by the host, outlives the plug-in.
 class HostInterface : public Settings, public Log, public Devices, public X10, public Events {
@@ -30,6 +31,9 @@ class HostInterface : public Settings, public Log, public Devices, public X10, p
 
     // Users and menus of the host's own pages; none on a host without them.
     [[nodiscard]] virtual MenuDatabase* menu_database() { return nullptr; }
+
+    // "hsPhone.Application"; none on a host without the add-on.
+    [[nodiscard]] virtual PhoneAddOn* phone_add_on() { return nullptr; }
 };
 
 // What the host, or the separate xAP program, hands to `RegisterCallback`. Owned by the host,

@@ -10,7 +10,6 @@ class Files;
 class ImageResizer;
 class Network;
 class PageFetcher;
-class PhoneAddOn;
 class Pump;
 class Random;
 class ScriptControls;
@@ -32,6 +31,7 @@ struct Platform {
     UserStore& user_store;
     Desktop& desktop;
     ScriptControls& script_controls;
+    SerialPorts& serial_ports;
     Protection protection;
 };
 

@@ -40,6 +40,23 @@ struct PluginStatus {
     std::vector<TimerStatus> timers;  // those that run
 };
 
+// What the "Modem Echo Window" shows: two boxes, the last 5000 characters of each.
+struct ModemEcho {
+    bool is_open = false;  // the modem's port
+    std::string data;
+    std::string status;
+    std::uint64_t data_written = 0;  // characters ever, by which a viewer finds what is new
+    std::uint64_t status_written = 0;
+};
+
+// One number of the phonebook.
+struct PhonebookLine {
+    std::string number;
+    std::string name;
+    std::string location;
+    std::string wav;
+};
+
 // The contract between a host and a plug-in that it carries. The host calls in this order:
 // identity, `RegisterCallback`, `InitIO`, then what happens, and `ShutdownIO` once at the end.
 // Every call but identity may pump.
@@ -77,6 +94,16 @@ class Plugin {
     [[nodiscard]] virtual std::shared_ptr<automation::Object> object() = 0;
 
     [[nodiscard]] virtual PluginStatus status() const = 0;
+
+    // The modem's traffic, and a text for the modem as it stands.
+    [[nodiscard]] virtual ModemEcho modem_echo() const { return {}; }
+
+    virtual void modem_send(const std::string& /*text*/) {}
+
+    // All numbers of the phonebook, and what a call from a number would show: "number : name".
+    [[nodiscard]] virtual std::vector<PhonebookLine> phonebook() const { return {}; }
+
+    [[nodiscard]] virtual std::string look_up_caller(const std::string& /*number*/) { return {}; }
 };
 
 }  // namespace host

@@ -31,6 +31,10 @@ struct Protection {
     // would never end.
     bool broken_include_is_an_error = false;
 
+    // A serial device that has vanished is told of once and used again when it is back, where the
+    // reader would stay deaf without a word.
+    bool lost_modem_comes_back = false;
+
     // A page's "meta http-equiv" tag that holds no digit is reported and passed over in the search
     // for a refresh, where the search would find it again for ever.
     bool tag_without_digits_is_passed_over = false;
@@ -43,6 +47,7 @@ struct Protection {
                 .every_connection_is_closed = true,
                 .self_test_leaves_the_queue_room = true,
                 .broken_include_is_an_error = true,
+                .lost_modem_comes_back = true,
                 .tag_without_digits_is_passed_over = true};
     }
 };

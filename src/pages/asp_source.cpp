@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "automation/code_page.h"
 #include "automation/guarded.h"
 #include "automation/strings.h"
 #include "core/velora_log.h"
@@ -55,7 +56,7 @@ void AspSource::HTMLToCode(std::string_view html) {
 }
 
 void AspSource::CodeToCode(std::string_view code) {
-    text_.Add(replace_any_case(code, "response.write", "fs.add"));
+    text_.Add(automation::replace_ignoring_case(code, "response.write", "fs.add"));
 }
 
 void AspSource::WriteFunctionHead() {

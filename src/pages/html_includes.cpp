@@ -4,6 +4,7 @@
 #include <array>
 #include <span>
 
+#include "automation/code_page.h"
 #include "automation/convert.h"
 #include "automation/guarded.h"
 #include "automation/strings.h"
@@ -47,7 +48,7 @@ std::string as_code(std::string_view text) {
     std::string code = automation::replace_all(text, "<%", "");
     code = automation::replace_all(code, "%>", "");
     code = automation::replace_all(code, "<!--", "'");
-    return replace_any_case(code, "Response.Write", "fsg.Add");
+    return automation::replace_ignoring_case(code, "Response.Write", "fsg.Add");
 }
 
 }  // namespace
@@ -93,7 +94,8 @@ HTMLIncludes::Included HTMLIncludes::include(std::string_view name, host::Script
         return Included::Page;
     }
     // A doubled backslash would make a share of what is left.
-    file = automation::replace_all(replace_any_case(file, kScripts, ""), "\\\\", "\\");
+    file = automation::replace_all(automation::replace_ignoring_case(file, kScripts, ""), "\\\\",
+                                   "\\");
     load_script(file, engine, walk, depth);
     return Included::Script;
 }
@@ -153,7 +155,7 @@ std::string HTMLIncludes::CustomFooter() {
     const std::string footer = decoration_ == Decoration::BuiltIn
                                    ? XCustomFooter(page_)
                                    : run_script(pages_, "CustomFooter", {});
-    return replace_any_case(footer, "\"powered.jpg\"", "\"/powered.jpg\"");
+    return automation::replace_ignoring_case(footer, "\"powered.jpg\"", "\"/powered.jpg\"");
 }
 
 }  // namespace pages

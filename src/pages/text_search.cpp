@@ -35,15 +35,4 @@ std::string_view between(std::string_view text, std::size_t from, std::size_t en
     return from_position(text, from).substr(0, end - from);
 }
 
-std::string replace_any_case(std::string_view text, std::string_view what, std::string_view with) {
-    std::string result;
-    std::size_t from = 1;
-    for (std::size_t at = in_str_any_case(from, text, what); at > 0;
-         at = in_str_any_case(from, text, what)) {
-        result.append(between(text, from, at)).append(with);
-        from = at + what.size();
-    }
-    return result.append(from_position(text, from));
-}
-
 }  // namespace pages

@@ -24,8 +24,4 @@ inline constexpr std::string_view kLineEnd = "\r\n";
 // All from a position on, "" behind the text.
 [[nodiscard]] std::string_view from_position(std::string_view text, std::size_t from);
 
-// Every occurrence without regard to case, found from the left; `what` must not be empty.
-[[nodiscard]] std::string replace_any_case(std::string_view text, std::string_view what,
-                                           std::string_view with);
-
 }  // namespace pages

@@ -136,6 +136,15 @@ std::string S::VeloraACIDEx(const std::string& s) {
     return pass_on(*this, &S::VeloraACID, as_text, s);
 }
 
+std::string S::VeloraSendCIDEx(const std::string& s) {
+    constexpr std::size_t kFields = 3;  // which, line 1, line 2
+    const std::vector<std::string> fields = automation::split(s, ';');
+    if (fields.size() != kFields) {
+        return {};
+    }
+    return VeloraSendCID(fields[0], fields[1], fields[2]);
+}
+
 std::string S::VeloraSendCommandEx(const std::string& s) {
     constexpr std::size_t kFields = 4;  // which, command, parameter, address
     const std::vector<std::string> fields = automation::split(s, ';');

@@ -23,18 +23,9 @@ std::string led_state(const std::string& action) {
 
 }  // namespace
 
-template <typename Command>
-std::string ScriptInterface::command_each(const std::string& whichVeloras, Command&& command) {
-    std::string tag = core::MakeTag(parts_.instance);
-    bool all_reached = true;
-    for (const auto& unit : parts_.fleet.GetVeloraObjects(whichVeloras)) {
-        if (parts_.fleet.IsReachable(*unit)) {
-            command(*unit, tag);
-        } else {
-            all_reached = false;
-        }
-    }
-    return all_reached ? tag : std::string();
+std::string ScriptInterface::command_each(const std::string& whichVeloras,
+                                          const fleet::Fleet::Command& command) {
+    return parts_.fleet.command_each(whichVeloras, command);
 }
 
 template <typename Read>
@@ -61,7 +52,7 @@ std::string ScriptInterface::VeloraSpeak(const std::string& whichVeloras,
 
 std::string ScriptInterface::VeloraWav(const std::string& whichVeloras,
                                        const std::string& wavFile) {
-    return command_each(whichVeloras, [&](Unit& unit, auto& tag) { unit.Wav(wavFile, tag); });
+    return parts_.fleet.InternalWav(whichVeloras, wavFile);
 }
 
 std::string ScriptInterface::VeloraLED(const std::string& whichVeloras,
@@ -173,12 +164,7 @@ std::string ScriptInterface::VeloraSendCommand(const std::string& whichVeloras,
 
 std::string ScriptInterface::VeloraText(const std::string& whichVeloras,
                                         const std::string& sMessage) {
-    return command_each(whichVeloras, [&](Unit& unit, auto& tag) {
-        unit.PushTextMessage(sMessage, tag);
-        if (unit.Sleep() != "always awake") {
-            unit.set_Sleep("awake");
-        }
-    });
+    return parts_.fleet.InternalText(whichVeloras, sMessage);
 }
 
 std::string ScriptInterface::VeloraSlideshow(const std::string& whichVeloras) {

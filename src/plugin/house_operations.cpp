@@ -77,6 +77,19 @@ std::string ScriptInterface::VeloraACID(const std::string& sLine1, const std::st
     return parts_.udp_link.UDPSendCID(name, number, "");
 }
 
+std::string ScriptInterface::VeloraSendCID(const std::string& whichVeloras,
+                                           const std::string& sLine1, const std::string& sLine2) {
+    return parts_.caller_id.dispatch().InternalSendCID(whichVeloras, sLine1, sLine2);
+}
+
+std::string ScriptInterface::VeloraSendHspCID(const std::string& whichVeloras) {
+    return parts_.caller_id.dispatch().InternalSendHspCID(whichVeloras);
+}
+
+std::string ScriptInterface::VeloraSendHspBrowserCID(const std::string& whichVeloras) {
+    return parts_.caller_id.dispatch().InternalSendHspBrowserCID(whichVeloras);
+}
+
 std::string ScriptInterface::SendCommand(const std::string& sCommand, const std::string& sParm,
                                          const std::string& /*sIPx*/) {
     parts_.udp_link.UDPSendCommand(sCommand, sParm, "");

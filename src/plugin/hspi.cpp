@@ -94,4 +94,33 @@ host::PluginStatus hspi::status() const {
     return plugin_status(parts_->subsystems);
 }
 
+host::ModemEcho hspi::modem_echo() const {
+    const callerid::CallerId& caller_id = parts_->subsystems.caller_id;
+    const callerid::EchoWindow& echo = caller_id.echo();
+    return {.is_open = caller_id.port().CommPortOpen(),
+            .data = echo.CommData(),
+            .status = echo.CommStatus(),
+            .data_written = echo.data_written(),
+            .status_written = echo.status_written()};
+}
+
+void hspi::modem_send(const std::string& text) {
+    parts_->subsystems.caller_id.port().ModemSend(text);
+}
+
+std::vector<host::PhonebookLine> hspi::phonebook() const {
+    std::vector<host::PhonebookLine> lines;
+    for (const callerid::Phonebook& entry : parts_->subsystems.caller_id.phonebook().entries()) {
+        lines.push_back({.number = entry.PhoneNumber,
+                         .name = entry.Name(),
+                         .location = entry.Location,
+                         .wav = entry.Wav});
+    }
+    return lines;
+}
+
+std::string hspi::look_up_caller(const std::string& number) {
+    return parts_->subsystems.caller_id.phonebook().HSPAddressBookLookup(number, "");
+}
+
 }  // namespace plugin

@@ -35,6 +35,10 @@ class hspi final : public host::Plugin {
 
     [[nodiscard]] std::shared_ptr<automation::Object> object() override;
     [[nodiscard]] host::PluginStatus status() const override;
+    [[nodiscard]] host::ModemEcho modem_echo() const override;
+    void modem_send(const std::string& text) override;
+    [[nodiscard]] std::vector<host::PhonebookLine> phonebook() const override;
+    [[nodiscard]] std::string look_up_caller(const std::string& number) override;
 
   private:
     struct Parts;

@@ -127,8 +127,10 @@ void Lifecycle::start_up() {
     parts_.fleet.reset();
     load_queue_timer();
     parts_.user_script.load();
+    parts_.udp_link.InitUDP();
     parts_.settings.InitVeloraUtilities();
     sync_with_host();
+    parts_.caller_id.echo().empty_boxes();
     parts_.host_devices.SetValueCallback();
     instance.log.VeloraWriteLog(core::kLogType, "Startup Initialization Complete");
     instance.StartupReady = true;
@@ -138,6 +140,7 @@ void Lifecycle::begin() {
     core::Instance& instance = parts_.instance;
     instance.ShuttingDown = false;
     instance.StartupReady = false;
+    parts_.caller_id.port().release();
     // A generation that does not fit is reported, and the host counts as one without a number.
     instance.HostVersionNumber = automation::guarded(instance.log, "HostVersionNumber ", [&] {
         return version_number(instance.hs().Version());
@@ -173,9 +176,11 @@ void Lifecycle::ShutdownIO() {
     }
     automation::guarded(parts_.instance.log, "ShutdownIO ", [&] {
         parts_.instance.ShuttingDown = true;
+        parts_.udp_link.CloseUDP();
         parts_.fleet.shutdown();
         parts_.timer_pools.attach(nullptr);
         parts_.queue_timer.reset();
+        parts_.caller_id.release();
         parts_.user_script.unload();
         parts_.page_engine.release();
     });

@@ -27,6 +27,16 @@ void stop_slideshow(Subsystems& parts) {
     parts.slideshow.stop();
 }
 
+// With the debug log on, a call of our own shows the whole way of one.
+void open_modem_window(Subsystems& parts) {
+    parts.caller_id.echo().empty_boxes();
+    if (parts.instance.log.DebugLog()) {
+        parts.caller_id.reader().ProcessCommData(
+            "NMBR = 1234567890\r\nNAME = Jonah Brandt\r\n",
+            static_cast<std::int16_t>(callerid::CommEvent::Received));
+    }
+}
+
 void reset_queues(Subsystems& parts) {
     for (const auto& unit : parts.fleet.all()) {
         unit->ResetQueue();
@@ -56,10 +66,11 @@ struct MenuAction {
     void (*action)(Subsystems& parts);
 };
 
-constexpr std::array<MenuAction, 8> kMenuActions{{
+constexpr std::array<MenuAction, 9> kMenuActions{{
     {"Browser", &browse_status_page},
     {"Start Slideshow", &start_slideshow},
     {"Stop Slideshow", &stop_slideshow},
+    {"Modem Window", &open_modem_window},
     {"Reset Queue", &reset_queues},
     {"Disable Plugin", &set_disabled<true>},
     {"Enable Plugin", &set_disabled<false>},

@@ -91,6 +91,10 @@ class ScriptInterface final : public automation::TableObject {
     std::string VeloraTextToWav(const std::string& sText);
     std::int16_t VeloraWavTime(const std::string& Filename);
     std::string VeloraACID(const std::string& sLine1, const std::string& sLine2);
+    std::string VeloraSendCID(const std::string& whichVeloras, const std::string& sLine1,
+                              const std::string& sLine2);
+    std::string VeloraSendHspCID(const std::string& whichVeloras);
+    std::string VeloraSendHspBrowserCID(const std::string& whichVeloras);
     std::string SendCommand(const std::string& sCommand, const std::string& sParm,
                             const std::string& sIPx);
     bool VeloraSlideshowCoordination(const std::string& sClient, const std::string& sAction);
@@ -122,6 +126,7 @@ class ScriptInterface final : public automation::TableObject {
     std::string VeloraSetBrowserScreenEx(const std::string& s);
     std::string VeloraPluginDisableEx(const std::string& s);
     std::string VeloraACIDEx(const std::string& s);
+    std::string VeloraSendCIDEx(const std::string& s);
     std::string VeloraSendCommandEx(const std::string& s);
     void VeloraPhjukeEx(const std::string& sCommand);
 
@@ -170,9 +175,7 @@ class ScriptInterface final : public automation::TableObject {
   private:
     using Unit = appliance::Velora;
 
-    // Runs `command(unit, tag)` for each reachable unit of the selection.
-    template <typename Command>
-    std::string command_each(const std::string& whichVeloras, Command&& command);
+    std::string command_each(const std::string& whichVeloras, const fleet::Fleet::Command& command);
 
     // Reads from the one unit that the name chooses.
     template <typename Read>

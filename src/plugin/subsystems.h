@@ -2,11 +2,10 @@
 
 #include <memory>
 
-#include "appliance/caller_display.h"
 #include "appliance/queue_timer.h"
 #include "appliance/timer_pools.h"
-#include "appliance/udp_link.h"
 #include "appliance/velora.h"
+#include "callerid/caller_id.h"
 #include "core/instance.h"
 #include "devices/actions.h"
 #include "devices/host_devices.h"
@@ -24,6 +23,7 @@
 #include "plugin/velora_utilities.h"
 #include "slideshow/slideshow.h"
 #include "slideshow/slideshow_asp.h"
+#include "udp/client_link.h"
 #include "webserver/tcp_server_module.h"
 
 namespace plugin {
@@ -38,9 +38,12 @@ struct Subsystems {
           actions(instance, host_devices),
           sound_files(instance),
           timer_pools(instance.log),
-          device_commands({instance, fleet, status_board, caller_display}),
+          udp_link(instance),
+          device_commands({instance, fleet, status_board, caller_id.dispatch()}),
           fleet({instance, timer_pools, status_board, host_devices, sound_files, udp_link,
                  device_commands}),
+          caller_id({instance, fleet, udp_link, status_board, [this] { return timer4(); },
+                     [this] { return timer5(); }}),
           supervision(instance, fleet),
           user_script(instance, [this] { return script_queue_timer(); }),
           host_page(instance, nullptr),
@@ -52,7 +55,7 @@ struct Subsystems {
           server_pages(slideshow_asp),
           web_server(instance, server_pages),
           settings({instance, host_devices, timer_pools, fleet, supervision, slideshow, page_engine,
-                    web_server, [this] { return queue_timer.get(); }}) {}
+                    web_server, caller_id, [this] { return queue_timer.get(); }}) {}
 
     core::Instance instance;
     devices::StatusBoard status_board;
@@ -60,11 +63,11 @@ struct Subsystems {
     devices::Actions actions;
     media::SoundFiles sound_files;
     appliance::TimerPools timer_pools;
-    appliance::UdpLink udp_link;
-    appliance::CallerDisplay caller_display;
+    udp::ClientLink udp_link;
     fleet::DeviceCommands device_commands;
     std::unique_ptr<appliance::QueueTimer> queue_timer;
     fleet::Fleet fleet;
+    callerid::CallerId caller_id;
     fleet::Supervision supervision;
     pages::UserScript user_script;
     pages::HostPage host_page;
@@ -80,6 +83,14 @@ struct Subsystems {
   private:
     [[nodiscard]] host::Timer* script_queue_timer() const {
         return queue_timer == nullptr ? nullptr : &queue_timer->ScriptQueueTimer();
+    }
+
+    [[nodiscard]] host::Timer* timer4() const {
+        return queue_timer == nullptr ? nullptr : &queue_timer->Timer4();
+    }
+
+    [[nodiscard]] host::Timer* timer5() const {
+        return queue_timer == nullptr ? nullptr : &queue_timer->Timer5();
     }
 
     [[nodiscard]] host::Timer* slideshow_timer() const {

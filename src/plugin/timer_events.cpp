@@ -34,6 +34,14 @@ void TimerEvents::Timer3_Timer() {
     parts_.slideshow.UpdateSlideshow();
 }
 
+void TimerEvents::Timer4_Timer() {
+    parts_.caller_id.dispatch().Timer4_Timer();
+}
+
+void TimerEvents::Timer5_Timer() {
+    parts_.caller_id.reader().Timer5_Timer();
+}
+
 void TimerEvents::ConnectTimer_Timer() {
     parts_.queue_timer->phJuke()->ConnectTimer_Timer();
 }

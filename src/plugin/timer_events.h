@@ -26,6 +26,10 @@ class TimerEvents : public appliance::QueueTimerEvents {
     // Time for the slideshow's next picture.
     void Timer3_Timer() override;
 
+    // The host's device has shown a call for long enough; a call's second line has not come.
+    void Timer4_Timer() override;
+    void Timer5_Timer() override;
+
     // Calls wait for the user's script.
     void ScriptQueueTimer_Timer() override;
 

@@ -10,6 +10,7 @@
 #include "automation/convert.h"
 #include "automation/guarded.h"
 #include "automation/strings.h"
+#include "callerid/caller_id.h"
 #include "devices/host_devices.h"
 #include "fleet/fleet.h"
 #include "fleet/supervision.h"
@@ -54,7 +55,10 @@ void VeloraUtilities::InitVeloraUtilities() {
     step([&] { services_.fleet.DefineVeloras(); });
     step([&] { arm_minute_timer(); });
     read_slide_groups();
+    step([&] { services_.caller_id.port().open_from_settings(); });
     step([&] { define_caller_device(); });
+    services_.caller_id.dispatch().set_xap_incoming(false);
+    services_.caller_id.phonebook().BuildPhonebook();
     step([&] { services_.page_engine.release(); });
     step([&] { log("User Configuration Setup Initialization Complete"); });
 }

@@ -10,6 +10,10 @@ class QueueTimer;
 class TimerPools;
 }  // namespace appliance
 
+namespace callerid {
+class CallerId;
+}
+
 namespace devices {
 class HostDevices;
 }
@@ -43,6 +47,7 @@ struct SettingsServices {
     slideshow::Slideshow& slideshow;
     pages::PageEngine& page_engine;
     webserver::TCPServerModule& web_server;
+    callerid::CallerId& caller_id;
     std::function<appliance::QueueTimer*()> queue_timer;  // none before it is loaded
 };
 

@@ -94,9 +94,9 @@ struct AspHouse {
 
     [[nodiscard]] host::Platform platform() {
         const host::Platform of = machine.platform();
-        return {of.pump,       of.clock,        of.random, of.files,
-                of.network,    of.page_fetcher, of.speech, of.image_resizer,
-                of.user_store, of.desktop,      engines,   machine.protection};
+        return {of.pump,         of.clock,        of.random,         of.files,      of.network,
+                of.page_fetcher, of.speech,       of.image_resizer,  of.user_store, of.desktop,
+                engines,         of.serial_ports, machine.protection};
     }
 
     void put_html(const std::string& file, std::string_view text) {

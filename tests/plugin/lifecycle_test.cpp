@@ -21,6 +21,9 @@ TEST(Lifecycle, StartsUpInOrder) {
     house.start();
     EXPECT_THAT(house.host.log(),
                 ElementsAre("zynVelora: Version 1.0.0 Registered, XAP=False",
+                            "zynVelora: zynVelora - Clearing CID Client Database...",
+                            "zynVelora: zynVelora - Initializing I/O... (LocalPort=4550, "
+                            "RemotePort=4550)",
                             "zynVelora: Slideshow path has not been specified",
                             "zynVelora: User Configuration Setup Initialization Complete",
                             "zynVelora: Startup Initialization Complete"));

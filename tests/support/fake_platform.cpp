@@ -1,5 +1,7 @@
 #include "support/fake_platform.h"
 
+#include <utility>
+
 namespace support {
 
 float FixedRandom::next() {
@@ -45,6 +47,69 @@ std::string MemoryUserStore::GetSetting(std::string_view title, std::string_view
 void MemoryUserStore::SaveSetting(std::string_view title, std::string_view section,
                                   std::string_view key, std::string_view value) {
     values_[std::string(title) + "\n" + std::string(section) + "\n" + std::string(key)] = value;
+}
+
+class FakeSerialPorts::Port final : public host::SerialPort {
+  public:
+    Port(FakeSerialPorts& ports, host::SerialPortEvents events)
+        : ports_(ports), events_(std::move(events)) {}
+
+    Port(const Port&) = delete;
+    Port& operator=(const Port&) = delete;
+
+    ~Port() override { detach(); }
+
+    void open(std::string_view port, std::string_view line) override {
+        ports_.calls_.push_back("open " + std::string(port) + " " + std::string(line));
+        if (!ports_.is_there_) {
+            throw automation::RunTimeError(automation::ErrorNumber::DeviceUnavailable,
+                                           "No such device");
+        }
+        ports_.open_ = this;
+    }
+
+    [[nodiscard]] bool is_open() const override { return ports_.open_ == this; }
+
+    void write(std::string_view bytes) override {
+        if (!is_open()) {
+            throw automation::RunTimeError(automation::ErrorNumber::DeviceIoError);
+        }
+        ports_.calls_.push_back("write " + std::string(bytes));
+    }
+
+    void close() noexcept override {
+        ports_.calls_.emplace_back("close");
+        detach();
+    }
+
+    [[nodiscard]] const host::SerialPortEvents& events() const { return events_; }
+
+  private:
+    void detach() noexcept {
+        if (is_open()) {
+            ports_.open_ = nullptr;
+        }
+    }
+
+    FakeSerialPorts& ports_;
+    host::SerialPortEvents events_;
+};
+
+std::unique_ptr<host::SerialPort> FakeSerialPorts::make_serial_port(host::SerialPortEvents events) {
+    return std::make_unique<Port>(*this, std::move(events));
+}
+
+void FakeSerialPorts::unplug() {
+    is_there_ = false;
+    if (open_ != nullptr) {
+        std::exchange(open_, nullptr)->events().on_lost("Input/output error");
+    }
+}
+
+void FakeSerialPorts::receive(std::string_view bytes) {
+    if (open_ != nullptr) {
+        open_->events().on_bytes(bytes);
+    }
 }
 
 vbscript::ClassRegistry standard_classes() {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <deque>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -13,6 +14,7 @@
 #include "host/clock.h"
 #include "host/desktop.h"
 #include "host/platform.h"
+#include "host/serial_port.h"
 #include "host/settings.h"
 #include "host/speech.h"
 #include "support/fake_image_resizer.h"
@@ -98,6 +100,31 @@ class RecordingDesktop final : public host::Desktop {
     std::vector<std::string> pages_;
 };
 
+// One serial line that can be plugged in and out. What is written to it is kept.
+class FakeSerialPorts final : public host::SerialPorts {
+  public:
+    [[nodiscard]] std::unique_ptr<host::SerialPort> make_serial_port(
+        host::SerialPortEvents events) override;
+
+    // No device is there any more; an open port hears of it.
+    void unplug();
+
+    void plug_in() { is_there_ = true; }
+
+    // The other side sends.
+    void receive(std::string_view bytes);
+
+    // "open 1 9600,n,8,1", "write AT", "close", oldest first.
+    [[nodiscard]] const std::vector<std::string>& calls() const noexcept { return calls_; }
+
+  private:
+    class Port;
+
+    bool is_there_ = true;
+    Port* open_ = nullptr;
+    std::vector<std::string> calls_;
+};
+
 [[nodiscard]] vbscript::ClassRegistry standard_classes();
 
 // The machine of tests: all parts of a platform in memory, on the virtual clock. Owned by the
@@ -116,11 +143,13 @@ struct FakeMachine {
     vbscript::ScriptServices script_services{
         .clock = pump, .desktop = desktop, .classes = standard_classes()};
     vbscript::ScriptControls script_controls{script_services};
+    FakeSerialPorts serial_ports;
     host::Protection protection;
 
     [[nodiscard]] host::Platform platform() {
-        return {pump,   pump,          random,     files,   network,         units,
-                speech, image_resizer, user_store, desktop, script_controls, protection};
+        return {pump,      pump,          random,     files,   network,         units,
+                speech,    image_resizer, user_store, desktop, script_controls, serial_ports,
+                protection};
     }
 };
 

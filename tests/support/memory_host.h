@@ -37,6 +37,9 @@ class MemoryHost final : public host::HostInterface, public host::CallbackObject
 
     void set_app_path(std::string_view path) { app_path_ = path; }
 
+    // Its telephone add-on; none at first.
+    void install_phone(host::PhoneAddOn* phone) { phone_ = phone; }
+
     // "Setup" makes it the separate xAP program.
     void set_type_name(std::string_view name) { type_name_ = name; }
 
@@ -135,6 +138,8 @@ class MemoryHost final : public host::HostInterface, public host::CallbackObject
     [[nodiscard]] std::string GetAppPath() const override { return app_path_; }
 
     [[nodiscard]] std::shared_ptr<automation::Object> object() override;
+
+    [[nodiscard]] host::PhoneAddOn* phone_add_on() override { return phone_; }
 
     [[nodiscard]] std::string GetIniSetting(std::string_view section, std::string_view key,
                                             std::string_view fallback,
@@ -266,6 +271,7 @@ class MemoryHost final : public host::HostInterface, public host::CallbackObject
     std::vector<std::string> log_;
     std::vector<std::string> x10_commands_;
     std::vector<std::string> menu_;
+    host::PhoneAddOn* phone_ = nullptr;
     std::vector<std::string> value_changes_;
     std::vector<std::string> device_calls_;
     std::vector<std::string> silent_codes_;

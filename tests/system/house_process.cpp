@@ -56,7 +56,8 @@ House::House(std::initializer_list<std::string> unit_names)
                 {"PowerUpTime", "2"},
                 {"PowerCycleInterval", ""},  // no cycles at midnight
                 {"SleepMonitorInterval", "0"}},
-      host_port_(std::to_string(free_port("127.0.0.1"))) {
+      host_port_(std::to_string(free_port("127.0.0.1"))),
+      client_port_(std::to_string(free_port("127.0.0.1"))) {
     for (const std::string& name : names_) {
         const std::string number = std::to_string(units_.size() + 1);
         const std::string ip = "127.0.1." + number;
@@ -94,6 +95,8 @@ void House::write_settings() const {
     }
     folder_.write("home/Config/settings.ini", host);
     folder_.write("home/Config/zynVeloraUtilities.ini", plugin + more_settings_);
+    folder_.write("home/Config/user_store.ini", "[zynVelora.Options]\nLocalPort=" + client_port_ +
+                                                    "\nRemotePort=" + client_port_ + "\n");
 }
 
 std::filesystem::path House::next_output(const std::string& title) {

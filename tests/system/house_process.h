@@ -99,6 +99,9 @@ class House {
     // Of the host's own web server.
     [[nodiscard]] std::string host_port() const { return host_port_; }
 
+    // Of client programs: the daemon's own port and theirs.
+    [[nodiscard]] const std::string& client_port() const { return client_port_; }
+
     // Of the music players of all units.
     [[nodiscard]] std::string jukebox_port() const { return settings_.at("PhJukeCommandPort"); }
 
@@ -144,6 +147,7 @@ class House {
     std::map<std::string, std::string> settings_;
     std::string slideshow_group_ = "0";
     std::string host_port_;
+    std::string client_port_;
     std::string before_units_;
     std::string more_settings_;
     int outputs_ = 0;
