@@ -39,8 +39,9 @@ class Machine::RunScope {
     RunScope& operator=(const RunScope&) = delete;
 
     ~RunScope() {
-        while (machine_.top_ != top_)
+        while (machine_.top_ != top_) {
             machine_.abandon();
+        }
         if (machine_.is_running()) {
             return;
         }

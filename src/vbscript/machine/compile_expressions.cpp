@@ -161,8 +161,9 @@ Place Compiler::plain_binary(Op op, const ast::Binary& node, const Want& want) {
     const auto is_link = [](const ast::Expression& left) {
         return left.kind == ExpressionKind::Binary && !is_concatenation(left);
     };
-    while (is_link(*chain.back()->left))
+    while (is_link(*chain.back()->left)) {
         chain.push_back(&ast::as<ast::Binary>(*chain.back()->left));
+    }
     const std::uint32_t height = builder_.temporaries();
     Place left = value(*chain.back()->left);
     for (auto link = chain.rbegin(); link != chain.rend(); ++link) {

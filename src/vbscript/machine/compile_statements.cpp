@@ -5,8 +5,9 @@ namespace vbscript {
 using ast::StatementKind;
 
 void Compiler::block(ast::Block statements) {
-    for (const ast::Statement* node : statements)
+    for (const ast::Statement* node : statements) {
         statement(*node);
+    }
 }
 
 void Compiler::statement(const ast::Statement& node) {

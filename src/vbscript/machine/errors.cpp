@@ -110,11 +110,13 @@ void Machine::recover(ScriptError error, const Frame* entry) {
         locate(error);
     }
     Frame* handler = top_;
-    while (handler >= entry && !handler->resumes_next)
+    while (handler >= entry && !handler->resumes_next) {
         --handler;
+    }
     const bool is_handled = handler >= entry && !is_timed_out_;
-    while (top_ != (is_handled ? handler : entry - 1))
+    while (top_ != (is_handled ? handler : entry - 1)) {
         abandon();
+    }
     error_->set(error);
     if (!is_handled) {
         throw error;

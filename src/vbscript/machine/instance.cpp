@@ -172,8 +172,9 @@ void InstanceList::end_all() noexcept {
     for (Instance* instance = first_; instance != nullptr; instance = instance->next_) {
         left.emplace_back(instance);
     }
-    for (const Ref<Instance>& instance : left)
+    for (const Ref<Instance>& instance : left) {
         terminate(*instance);
+    }
     is_over_ = true;
     // Instances that the last words have made are in the list, but not in `left`.
     while (first_ != nullptr) {

@@ -151,10 +151,12 @@ void Symbols::add_object(std::u16string_view name, Ref<Object> object, bool has_
     }
     // Any name may now be one of its members.
     std::vector<NameId> watched;
-    for (const auto& [watched_name, procedures] : watchers_)
+    for (const auto& [watched_name, procedures] : watchers_) {
         watched.push_back(watched_name);
-    for (const NameId watched_name : watched)
+    }
+    for (const NameId watched_name : watched) {
         changed(watched_name);
+    }
 }
 
 const Symbols::NamedObject* Symbols::find_object(NameId name) const noexcept {
@@ -192,8 +194,9 @@ void Symbols::changed(NameId name) {
     if (found == watchers_.end()) {
         return;
     }
-    for (Procedure* procedure : found->second)
+    for (Procedure* procedure : found->second) {
         retire(*procedure);
+    }
     watchers_.erase(found);
 }
 
@@ -230,10 +233,12 @@ void Symbols::release_objects() noexcept {
 
 void Symbols::release_code() noexcept {
     watchers_.clear();
-    for (const Ref<Procedure>& procedure : procedures_)
+    for (const Ref<Procedure>& procedure : procedures_) {
         procedure->code = nullptr;
-    for (const Ref<ClassInfo>& info : classes_)
+    }
+    for (const Ref<ClassInfo>& info : classes_) {
         info->release_code();
+    }
     retired_.clear();
 }
 
