@@ -13,7 +13,7 @@ using testing::IsEmpty;
 TEST(SpeakingHouse, AUnitPlaysTheFileThatWasSpokenAndThenTakesTheNextCommand) {
     House house({"Kitchen", "Hall"});
     house.start();
-    house.tell("Kitchen", "slow 500");  // so that the next command has to wait
+    house.tell("Kitchen", "slow 2500");  // so that the next command has to wait
     house.call({"VeloraSpeak", "Kitchen", "Hello"});
     house.call({"VeloraTopLed", "Kitchen", "blink"});
     EXPECT_THAT(house.status("Kitchen").at("queue"), "Queue: 1)  | led.shtml?t2");

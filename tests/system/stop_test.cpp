@@ -22,7 +22,7 @@ TEST(Stop, ASignalEndsWaitsWithinWaits) {
         House house({"Kitchen", "Hall", "Bedroom"});
         house.start();
         for (const char* unit : {"Kitchen", "Hall"}) {
-            house.tell(unit, "slow 400");  // so that the wait is queued
+            house.tell(unit, "slow 2500");  // so that the wait is queued
             house.call({"VeloraTopLed", unit, "on"});
             house.call({"VeloraWaitsecs", unit, "60"});
             EXPECT_TRUE(eventually([&] {
