@@ -174,7 +174,7 @@ std::string CallerDispatch::MessageCIDEvent(Datagram datagram, std::string_view 
             number = services_.phonebook.hsp().CIDNumber(line);
             name = services_.phonebook.hsp().CIDName(line);
         }
-        const std::string text = services_.phonebook.HSPAddressBookLookup(number, name);
+        std::string text = services_.phonebook.HSPAddressBookLookup(number, name);
         if (datagram == Datagram::ToClients) {
             auto [sent_number, sent_name] = split_caller_text(text);
             sent_name = automation::replace_ignoring_case(sent_name, " from ", "/");
@@ -192,17 +192,8 @@ std::string CallerDispatch::InternalSendHspCID(const std::string& whichVeloras) 
     core::Instance& instance = services_.instance;
     const core::UtilitySettings& settings = instance.settings;
     return guarded(instance.log, "InternalSendHspCID ", [&] {
-        std::string text;
         bool wants_last = false;  // of the unit that was looked at last
-        if (settings.AcidCIDResponse) {
-            for (const auto& unit : services_.fleet.GetVeloraObjects(whichVeloras)) {
-                wants_last = unit->DoCID();
-                if (wants_last) {
-                    text = MessageCIDEvent(Datagram::ToClients, unit->IP());
-                    fleet::wake_unless_always_awake(*unit);
-                }
-            }
-        }
+        std::string text = serve_units(whichVeloras, wants_last);
         const std::string names =
             whichVeloras.empty() ? names_of_units_that_want_callers(wants_last) : whichVeloras;
         const bool is_wanted = settings.BrowserCIDResponse || settings.SoundCIDResponse ||
@@ -230,6 +221,22 @@ std::string CallerDispatch::InternalSendHspCID(const std::string& whichVeloras) 
         }
         return std::string();
     });
+}
+
+// The clients of these units that want callers; gives the caller text, "" when there was none.
+std::string CallerDispatch::serve_units(const std::string& whichVeloras, bool& wants_last) {
+    std::string text;
+    if (!services_.instance.settings.AcidCIDResponse) {
+        return text;
+    }
+    for (const auto& unit : services_.fleet.GetVeloraObjects(whichVeloras)) {
+        wants_last = unit->DoCID();
+        if (wants_last) {
+            text = MessageCIDEvent(Datagram::ToClients, unit->IP());
+            fleet::wake_unless_always_awake(*unit);
+        }
+    }
+    return text;
 }
 
 std::string CallerDispatch::names_of_units_that_want_callers(bool& wants_last) {

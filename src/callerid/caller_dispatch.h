@@ -89,6 +89,7 @@ class CallerDispatch final : public appliance::CallerDisplay, public CallListene
     void send_sentry(const std::string& caller_text);
     void send_xap(const std::string& caller_text);
     void play_or_speak(const std::string& names, const std::string& caller_text);
+    std::string serve_units(const std::string& whichVeloras, bool& wants_last);
     [[nodiscard]] std::string names_of_units_that_want_callers(bool& wants_last);
     [[nodiscard]] std::vector<std::string> names_and_addresses() const;
     [[nodiscard]] std::string time_line() const;

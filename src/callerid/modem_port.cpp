@@ -16,10 +16,9 @@ namespace {
 
 using automation::guarded;
 using automation::RunTimeError;
-using std::chrono_literals::operator""s;
 
 constexpr int kAttempts = 2;
-constexpr auto kPauseForLostDevice = 5s;
+constexpr std::chrono::seconds kPauseForLostDevice{5};
 
 }  // namespace
 

@@ -17,9 +17,8 @@ namespace {
 
 using automation::find_ignoring_case;
 using automation::guarded;
-using std::chrono_literals::operator""ms;
 
-constexpr auto kWaitForOtherLine = 500ms;
+constexpr std::chrono::milliseconds kWaitForOtherLine{500};
 constexpr auto kAbsent = std::string::npos;
 constexpr std::string_view kCrLf = "\r\n";
 

@@ -37,6 +37,7 @@ void Compiler::statement(const ast::Statement& node) {
     }
 }
 
+// One case for each kind of statement. NOLINTNEXTLINE(readability-function-size)
 void Compiler::compile(const ast::Statement& node) {
     switch (node.kind) {
         case StatementKind::Dim:
