@@ -34,6 +34,7 @@ seeds_of() {
         script_*) find tests/vbscript -name '*.vbs' -size -8k ! -name 'endless*' ;;
         asp_converter) find data/HTML -name '*.asp' -o -name '*.htm*' ;;
         include_walk) find data/HTML/includes -name '*.asp' ;;
+        modem_input) find data/Modem -name '*.txt' ;;
         ini_lines) find data/Config -name '*.ini' ;;
     esac
 }
@@ -42,6 +43,7 @@ dictionary_of() {
     case $1 in
         script_*) echo fuzz/dictionaries/script.dict ;;
         request_parser) echo fuzz/dictionaries/request.dict ;;
+        xap_frames) echo fuzz/dictionaries/xap.dict ;;
         asp_converter | include_walk) echo fuzz/dictionaries/page.dict ;;
     esac
 }

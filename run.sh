@@ -11,6 +11,7 @@ readonly home="$root/.house/home"
 readonly units="$root/.house/units"
 readonly port=8080
 readonly jukebox=8024  # PhJukeCommandPort of the fresh home
+readonly daemon_link=127.0.0.1:4550  # LocalPort, where it listens for client programs
 readonly -A addresses=([kitchen]=127.0.0.21 [hall]=127.0.0.22 [bedroom]=127.0.0.23)
 readonly names=(kitchen hall bedroom)
 
@@ -91,7 +92,7 @@ trap 'exit 0' INT TERM HUP
 echo "3. Units: ${names[*]}"
 for name in "${names[@]}"; do
     start unit --name "$name" --listen "${addresses[$name]}:$port" --jukebox "$jukebox" \
-        --state-dir "$units/$name"
+        --client-of "$daemon_link" --state-dir "$units/$name"
     wait_for "Unit $name" "${pids[-1]}" "$program" tell-unit "$units/$name" state
 done
 

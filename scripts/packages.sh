@@ -7,7 +7,7 @@ ZYN_PACKAGES=(
     libboost1.81-dev libboost-system1.81-dev
     libcurl4-openssl-dev libgumbo-dev
     libespeak-ng-dev libespeak-ng1 espeak-ng-data libgd-dev libgd3
-    libpcre2-dev libsqlite3-dev zlib1g-dev libsimpleini-dev libcli11-dev nlohmann-json3-dev
+    libpcre2-dev libsqlite3-dev zlib1g-dev libsimpleini-dev libcli11-dev libncurses-dev nlohmann-json3-dev
     libgtest-dev libgmock-dev
 )
 

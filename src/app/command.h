@@ -25,8 +25,11 @@ struct ExitCode {
 void add_serve_command(CLI::App& program, Run& run, const PluginFactory& make_plugin);
 void add_unit_command(CLI::App& program, Run& run);
 void add_tell_unit_command(CLI::App& program, Run& run);
+void add_xap_command(CLI::App& program, Run& run, const PluginFactory& make_plugin);
+void add_xap_monitor_command(CLI::App& program, Run& run);
 
 // `verbatim` are the words behind a "--", which are arguments whatever they look like.
+void add_xap_send_command(CLI::App& program, Run& run, const std::vector<std::string>& verbatim);
 void add_call_command(CLI::App& program, Run& run, const std::vector<std::string>& verbatim);
 
 // All words behind the first one are the script's, options included.
@@ -40,6 +43,7 @@ void add_x10_command(CLI::App& program, Run& run, const std::vector<std::string>
 void add_press_command(CLI::App& program, Run& run, const std::vector<std::string>& verbatim);
 void add_menu_command(CLI::App& program, Run& run, const std::vector<std::string>& verbatim);
 void add_udp_client_command(CLI::App& program, Run& run);
+void add_modem_command(CLI::App& program, Run& run);
 void add_phonebook_command(CLI::App& program, Run& run);
 void add_ring_command(CLI::App& program, Run& run);
 void add_events_command(CLI::App& program, Run& run);

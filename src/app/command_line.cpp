@@ -87,10 +87,14 @@ void add_commands(CLI::App& program, Run& run, const Words& words,
     add_press_command(program, run, words.verbatim);
     add_menu_command(program, run, words.verbatim);
     add_udp_client_command(program, run);
+    add_modem_command(program, run);
     add_phonebook_command(program, run);
     add_ring_command(program, run);
     add_events_command(program, run);
     add_event_command(program, run);
+    add_xap_command(program, run, make_plugin);
+    add_xap_send_command(program, run, words.verbatim);
+    add_xap_monitor_command(program, run);
     add_script_command(program, run, words.verbatim);
     add_unit_command(program, run);
     add_tell_unit_command(program, run);

@@ -15,9 +15,18 @@ CommandFailure no_daemon(const std::filesystem::path& home, const automation::Ru
                           "); ./run.sh or \"zynvelora serve\" starts one");
 }
 
-platform::LocalLineClient connected(const std::filesystem::path& home) {
+// The program that is asked first, and the one that answers when that one does not run.
+platform::LocalLineClient connected(const std::filesystem::path& home, Wanted wanted) {
+    const bool is_for_host = wanted == Wanted::Host;
     try {
-        return platform::LocalLineClient(control_socket_path(home));
+        return platform::LocalLineClient(
+            control_socket_path(home, is_for_host ? HomeProgram::Daemon : HomeProgram::XapNode));
+    } catch (const automation::RunTimeError&) {
+        // The other one is asked.
+    }
+    try {
+        return platform::LocalLineClient(
+            control_socket_path(home, is_for_host ? HomeProgram::XapNode : HomeProgram::Daemon));
     } catch (const automation::RunTimeError& error) {
         throw no_daemon(home, error);
     }
@@ -25,7 +34,8 @@ platform::LocalLineClient connected(const std::filesystem::path& home) {
 
 }  // namespace
 
-ControlClient::ControlClient(const std::filesystem::path& home) : line_(connected(home)) {}
+ControlClient::ControlClient(const std::filesystem::path& home, Wanted wanted)
+    : line_(connected(home, wanted)) {}
 
 void ControlClient::send(const Json& request) {
     try {
@@ -33,6 +43,12 @@ void ControlClient::send(const Json& request) {
     } catch (const automation::RunTimeError&) {
         throw CommandFailure("the daemon has ended");
     }
+}
+
+Json ask(const std::filesystem::path& home, const Json& request, Wanted wanted) {
+    ControlClient client(home, wanted);
+    client.send(request);
+    return client.receive();
 }
 
 Json ControlClient::receive() {

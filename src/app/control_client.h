@@ -34,11 +34,16 @@ class DaemonError : public CommandFailure {
     std::string text_;
 };
 
-// A command-line program's connection to the daemon of one home. All members throw CommandFailure:
-// no daemon there, the daemon has ended, or, a DaemonError, what it answers as an error.
+// Whom a request is for, when the plug-in runs in a program of its own beside the daemon: the units
+// and all else that is the plug-in's, or the host with its events and its power line.
+enum class Wanted : std::uint8_t { Plugin, Host };
+
+// A command-line program's connection to the daemon of one home, or to the separate xAP program of
+// that home, which answers for the plug-in while it runs. All members throw CommandFailure: no
+// daemon there, the daemon has ended, or, a DaemonError, what it answers as an error.
 class ControlClient {
   public:
-    explicit ControlClient(const std::filesystem::path& home);
+    explicit ControlClient(const std::filesystem::path& home, Wanted wanted = Wanted::Plugin);
 
     void send(const Json& request);
 
@@ -48,5 +53,8 @@ class ControlClient {
   private:
     platform::LocalLineClient line_;
 };
+
+// One question and its answer, over a connection of its own. Throws as ControlClient.
+Json ask(const std::filesystem::path& home, const Json& request, Wanted wanted = Wanted::Plugin);
 
 }  // namespace app

@@ -66,6 +66,15 @@ std::filesystem::path serial_device(host::Settings& settings, const std::filesys
                       : std::filesystem::path("/dev/ttyS" + automation::text_of(number - 1));
 }
 
+home::EmbeddedHostOptions host_options(const std::filesystem::path& home, HomeProgram program) {
+    home::EmbeddedHostOptions options{.home = home};
+    if (program == HomeProgram::XapNode) {
+        options.type_name = "Setup";  // by which the plug-in knows the program
+        options.database = "xap_home.db";
+    }
+    return options;
+}
+
 // Runs a last step when the scope ends, however it ends.
 class AtTheEnd {
   public:
@@ -84,8 +93,9 @@ class AtTheEnd {
 
 Daemon::Daemon(const DaemonOptions& options, const PluginFactory& make_plugin)
     : home_(laid_out(options)),
-      lock_(home_),
-      host_(pump_, clock_, {.home = home_}),
+      program_(options.program),
+      lock_(home_, program_ == HomeProgram::Daemon ? "daemon.lock" : "xap.lock"),
+      host_(pump_, clock_, host_options(home_, program_)),
       network_(make_network(pump_, host_)),
       serial_ports_(pump_,
                     [this](std::string_view port) { return serial_device(host_, home_, port); }),
@@ -106,6 +116,40 @@ Daemon::Daemon(const DaemonOptions& options, const PluginFactory& make_plugin)
       plugin_(make_plugin(platform(options.protection))),
       service_(*plugin_, host_) {
     wire_host();
+    if (program_ == HomeProgram::XapNode) {
+        open_xap();
+    }
+}
+
+// Messages go both ways between the plug-in and the network.
+void Daemon::open_xap() {
+    if (plain_setting(host_, "Velora Utilities", "RunAsXapNode", "", kPluginSettings).empty()) {
+        throw RunTimeError(automation::ErrorNumber::InvalidProcedureCall,
+                           "RunAsXapNode of " + std::string(kPluginSettings) +
+                               " is empty, and so the daemon has the units; set it to 1 and start "
+                               "the daemon anew");
+    }
+    xap_.emplace(
+        pump_, read_xap_settings(host_), "zynVelora", xapnet::HeartbeatDelivery::CountOnly,
+        [this](const host::XapMessage& message) { plugin_->VeloraOnXapMessage(message); },
+        [this](xapnet::LogLevel level, std::string_view line) { log_xap(level, line); });
+    host_.set_xap_sink([this](const home::OutgoingXapMessage& message) {
+        xap_->send({.target = message.target,
+                    .message_class = message.message_class,
+                    .section = message.section,
+                    .data = message.body,
+                    .sub_address = message.sub_address,
+                    .uid = message.uid});
+    });
+}
+
+// Anybody on the network can cause the lines of the lower level, so they wait to be wanted.
+void Daemon::log_xap(xapnet::LogLevel level, std::string_view line) {
+    if (level == xapnet::LogLevel::Info) {
+        host_.Writelog("xAP", line);
+    } else if (plain_setting(host_, "Velora Utilities", "DebugLog", "0", kPluginSettings) == "1") {
+        host_.Writelog("xAP Debug", line);
+    }
 }
 
 // What happens in the host reaches the plug-in by these ways.
@@ -176,12 +220,18 @@ void Daemon::on_signal() {
 }
 
 void Daemon::start() {
-    power_wiring_.switch_all_on();
-    plugin_->RegisterCallback(host_);
-    plugin_->InitIO(0);
-    open_host_web_server();
-    host_.event_engine().start();
-    control_socket_.emplace(pump_, control_socket_path(home_), service_);
+    if (xap_) {
+        plugin_->RegisterCallback(host_);
+        xap_->start();
+        plugin_->InitIO(0);
+    } else {
+        power_wiring_.switch_all_on();
+        plugin_->RegisterCallback(host_);
+        plugin_->InitIO(0);
+        open_host_web_server();
+        host_.event_engine().start();
+    }
+    control_socket_.emplace(pump_, control_socket_path(home_, program_), service_);
 }
 
 // A house without its web site is better than none. Port 0 wants none.
@@ -226,6 +276,9 @@ void Daemon::shut_down() {
     } catch (const RunTimeError& error) {
         log_error(error.description());
     }
+    if (xap_) {
+        xap_->stop();
+    }
 }
 
 void Daemon::log_error(const std::string& text) {
@@ -259,12 +312,18 @@ std::string Daemon::host_web_server() {
 
 std::string Daemon::summary() {
     std::vector<std::string> names;
-    for (const host::UnitStatus& unit : plugin_->status().units) {
+    const host::PluginStatus status = plugin_->status();
+    for (const host::UnitStatus& unit : status.units) {
         names.push_back(unit.name);
     }
     const std::string units = names.empty() ? "no units" : "units " + automation::join(names, ", ");
+    if (status.role == "shim") {
+        return "home " + home_.string() + ", " + code_page_to_utf8(host_web_server()) +
+               ", the units are left to \"zynvelora xap\"";
+    }
     return "home " + home_.string() + ", " + code_page_to_utf8(web_server()) + ", " +
-           code_page_to_utf8(host_web_server()) + ", " + code_page_to_utf8(units);
+           (xap_ ? xap_->summary() : code_page_to_utf8(host_web_server())) + ", " +
+           code_page_to_utf8(units);
 }
 
 }  // namespace app

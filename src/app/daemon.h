@@ -8,9 +8,11 @@
 
 #include "app/control_service.h"
 #include "app/control_socket.h"
+#include "app/home_path.h"
 #include "app/power_wiring.h"
 #include "app/script_lines.h"
 #include "app/unit_messenger.h"
+#include "app/xap_transport.h"
 #include "home/embedded_host.h"
 #include "home/home_lock.h"
 #include "home/ini_user_store.h"
@@ -38,15 +40,20 @@ struct DaemonOptions {
     std::filesystem::path home;
     std::filesystem::path data;  // what a fresh home gets
     host::Protection protection;
+    HomeProgram program = HomeProgram::Daemon;
 };
 
 // One home's running system: the machine's platform, the embedded host and the plug-in that it
 // carries, with the control socket beside them. Owned by the sub-command.
+//
+// As the separate program of the xAP network it has devices, lock and control socket of its own,
+// shares settings and log with the daemon of the home, and leaves events, power switches and the
+// host's web server to that one.
 class Daemon {
   public:
     // Lays the home out where something is missing and takes it. Nothing runs yet.
     // Throws: RunTimeError for a home that cannot be written or is in use, or a setting that the
-    // program cannot start with.
+    // program cannot start with; for xAP's program also a home that does not want one.
     Daemon(const DaemonOptions& options, const PluginFactory& make_plugin);
     Daemon(const Daemon&) = delete;
     Daemon& operator=(const Daemon&) = delete;
@@ -67,6 +74,8 @@ class Daemon {
     [[nodiscard]] std::string host_web_server();
     void open_host_web_server();
     void wire_host();
+    void open_xap();
+    void log_xap(xapnet::LogLevel level, std::string_view line);
     void on_signal();
     void start();
     void serve();
@@ -74,6 +83,7 @@ class Daemon {
     void log_error(const std::string& text);
 
     std::filesystem::path home_;
+    HomeProgram program_;
     home::HomeLock lock_;
     platform::AsioPump pump_;
     platform::SystemClock clock_;
@@ -95,6 +105,7 @@ class Daemon {
     PowerWiring power_wiring_;
     std::unique_ptr<host::Plugin> plugin_;
     ControlService service_;
+    std::optional<XapTransport> xap_;                      // in xAP's program
     std::optional<platform::HttpServer> host_web_server_;  // once the plug-in is up
     std::optional<ControlSocket> control_socket_;          // likewise
     bool stopping_ = false;

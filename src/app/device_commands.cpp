@@ -18,14 +18,8 @@ struct Options {
     std::vector<std::string> words;
 };
 
-Json ask(const Options& options, const Json& request) {
-    ControlClient client(chosen_home(options.home));
-    client.send(request);
-    return client.receive();
-}
-
 void show_devices(const Options& options) {
-    const Json devices = ask(options, {{"do", "devices"}}).at("devices");
+    const Json devices = ask(chosen_home(options.home), {{"do", "devices"}}).at("devices");
     std::cout << (options.json ? devices.dump(4) + "\n" : devices_text(devices));
 }
 
@@ -36,7 +30,7 @@ void show_or_set_device(const Options& options) {
     if (sets) {
         request["value"] = options.words.back();
     }
-    const Json device = ask(options, request).at("device");
+    const Json device = ask(chosen_home(options.home), request).at("device");
     if (options.json) {
         std::cout << device.dump(4) << "\n";
     } else {
@@ -45,22 +39,24 @@ void show_or_set_device(const Options& options) {
 }
 
 void x10(const Options& options) {
-    ask(options, {{"do", "x10"},
-                  {"code", options.words.front()},
-                  {"command", options.words.back()},
-                  {"origin", options.send ? "sent" : "received"}});
+    ask(chosen_home(options.home),
+        {{"do", "x10"},
+         {"code", options.words.front()},
+         {"command", options.words.back()},
+         {"origin", options.send ? "sent" : "received"}},
+        Wanted::Host);
 }
 
 void press(const Options& options) {
-    ask(options, {{"do", "press"}, {"button", options.words.front()}});
+    ask(chosen_home(options.home), {{"do", "press"}, {"button", options.words.front()}});
 }
 
 void show_or_select_menu(const Options& options) {
     if (!options.words.empty()) {
-        ask(options, {{"do", "select"}, {"entry", options.words.front()}});
+        ask(chosen_home(options.home), {{"do", "select"}, {"entry", options.words.front()}});
         return;
     }
-    const Json menu = ask(options, {{"do", "menu"}}).at("menu");
+    const Json menu = ask(chosen_home(options.home), {{"do", "menu"}}).at("menu");
     std::cout << (options.json ? menu.dump(4) + "\n" : menu_text(menu));
 }
 

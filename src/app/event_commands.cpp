@@ -19,22 +19,20 @@ struct Options {
     std::vector<std::string> actions;
 };
 
-Json ask(const Options& options, const Json& request) {
-    ControlClient client(chosen_home(options.home));
-    client.send(request);
-    return client.receive();
+Json ask_host(const Options& options, const Json& request) {
+    return ask(chosen_home(options.home), request, Wanted::Host);
 }
 
 void show_events(const Options& options) {
-    const Json events = ask(options, {{"do", "events"}}).at("events");
+    const Json events = ask_host(options, {{"do", "events"}}).at("events");
     std::cout << (options.json ? events.dump(4) + "\n" : events_text(events));
 }
 
 void add_event(const Options& options) {
-    const Json answer = ask(options, {{"do", "add_event"},
-                                      {"name", options.name},
-                                      {"when", options.when},
-                                      {"actions", options.actions}});
+    const Json answer = ask_host(options, {{"do", "add_event"},
+                                           {"name", options.name},
+                                           {"when", options.when},
+                                           {"actions", options.actions}});
     std::cout << events_text(Json::array({answer.at("event")}));
 }
 
@@ -89,7 +87,9 @@ void add_event_command(CLI::App& program, Run& run) {
     for (const Step& step : kSteps) {
         CLI::App* command = named_command(*event, step.word, step.help, options);
         command->callback([options, request = step.request, &run] {
-            run = [options, request] { ask(*options, {{"do", request}, {"name", options->name}}); };
+            run = [options, request] {
+                ask_host(*options, {{"do", request}, {"name", options->name}});
+            };
         });
     }
 }

@@ -30,8 +30,8 @@ fs::path unit_path(const fs::path& home, const std::string& unit) {
     return home.parent_path() / "units" / unit;
 }
 
-fs::path control_socket_path(const fs::path& home) {
-    return home / "control.sock";
+fs::path control_socket_path(const fs::path& home, HomeProgram program) {
+    return home / (program == HomeProgram::Daemon ? "control.sock" : "xap.sock");
 }
 
 }  // namespace app

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
 
@@ -18,6 +19,10 @@ namespace app {
 [[nodiscard]] std::filesystem::path unit_path(const std::filesystem::path& home,
                                               const std::string& unit);
 
-[[nodiscard]] std::filesystem::path control_socket_path(const std::filesystem::path& home);
+// The programs that may run on one home: the daemon, and the separate one of the xAP network.
+enum class HomeProgram : std::uint8_t { Daemon, XapNode };
+
+[[nodiscard]] std::filesystem::path control_socket_path(const std::filesystem::path& home,
+                                                        HomeProgram program = HomeProgram::Daemon);
 
 }  // namespace app

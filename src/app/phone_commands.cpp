@@ -18,14 +18,8 @@ struct Options {
     std::int64_t line = 1;
 };
 
-Json ask(const Options& options, const Json& request) {
-    ControlClient client(chosen_home(options.home));
-    client.send(request);
-    return client.receive();
-}
-
 void list_phonebook(const Options& options) {
-    const Json phonebook = ask(options, {{"do", "phonebook"}}).at("phonebook");
+    const Json phonebook = ask(chosen_home(options.home), {{"do", "phonebook"}}).at("phonebook");
     std::vector<std::vector<std::string>> rows;
     for (const Json& line : phonebook) {
         std::vector<std::string> row;
@@ -42,15 +36,18 @@ void list_phonebook(const Options& options) {
 }
 
 void look_up(const Options& options) {
-    const Json answer = ask(options, {{"do", "look_up"}, {"number", options.number}});
+    const Json answer =
+        ask(chosen_home(options.home), {{"do", "look_up"}, {"number", options.number}});
     std::cout << printable(answer.at("caller").get<std::string>()) << '\n';
 }
 
 void ring(const Options& options) {
-    const Json answer = ask(options, {{"do", "ring"},
-                                      {"number", options.number},
-                                      {"name", options.name},
-                                      {"line", options.line}});
+    const Json answer = ask(chosen_home(options.home),
+                            {{"do", "ring"},
+                             {"number", options.number},
+                             {"name", options.name},
+                             {"line", options.line}},
+                            Wanted::Host);
     std::cout << answer.at("done").get<std::string>() << '\n';
 }
 

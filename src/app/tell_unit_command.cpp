@@ -39,6 +39,8 @@ void add_tell_unit_command(CLI::App& program, Run& run) {
         "    hang         send half of each answer\n"
         "    power off    as when the switch is turned\n"
         "    power on     and boot\n"
+        "    subscribe    let its client program be told of calls and commands\n"
+        "    unsubscribe  let it be told no more\n"
         "    boot S       how long a boot takes from now on, in seconds\n"
         "    state        print its state as JSON");
     const auto options = std::make_shared<Options>();

@@ -2,12 +2,13 @@
 #include <iostream>
 #include <memory>
 
-#include "app/client_message.h"
 #include "app/command.h"
+#include "app/text_table.h"
 #include "automation/date.h"
 #include "platform/asio/asio_network.h"
 #include "platform/asio/asio_pump.h"
 #include "platform/system/system_clock.h"
+#include "unit/client_message.h"
 
 namespace app {
 namespace {
@@ -18,6 +19,13 @@ struct Options {
     std::int32_t server_port = 4550;
     std::int32_t port = 4550;
 };
+
+// "caller   Anna Smith/home   (503) 555-1234"
+std::string text_of(const unit::ClientMessage& message) {
+    const bool is_caller = message.kind == unit::ClientMessage::Kind::Caller;
+    return std::string(is_caller ? "caller " : "command") + "  " + printable(message.first) + "  " +
+           printable(message.second);
+}
 
 // A client program for a desktop: prints the calls and commands that the daemon sends it.
 class UdpClient final : private host::UdpSocketEvents {
@@ -33,20 +41,17 @@ class UdpClient final : private host::UdpSocketEvents {
     // Subscribes, and unsubscribes at the end.
     void run() {
         pump_.on_stop_signal([this] {
-            socket_->SendData(kUnsubscribe);
+            socket_->SendData(unit::kUnsubscribeDatagram);
             pump_.stop();
         });
-        socket_->SendData(kSubscribe);
+        socket_->SendData(unit::kSubscribeDatagram);
         std::cout << "subscribed, until Ctrl-C" << std::endl;
         pump_.run();
     }
 
   private:
-    static constexpr std::string_view kSubscribe = "\1";
-    static constexpr std::string_view kUnsubscribe = "\2";
-
     void DataArrival(std::int32_t /*bytes_total*/) override {
-        if (const auto message = parse_client_message(socket_->GetData())) {
+        if (const auto message = unit::parse_client_message(socket_->GetData())) {
             std::cout << automation::time_of_day(clock_.now()) << "  " << text_of(*message)
                       << std::endl;
         }

@@ -57,6 +57,15 @@ void add_unit_command(CLI::App& program, Run& run) {
         ->type_name("PORT")
         ->capture_default_str();
     command
+        ->add_option("--client-of", options->unit.daemon,
+                     "where a daemon listens for client programs; this unit runs one then")
+        ->type_name("IP:PORT");
+    command
+        ->add_option("--client-port", options->unit.client_port,
+                     "UDP port of that client program, the daemon's RemotePort")
+        ->type_name("PORT")
+        ->capture_default_str();
+    command
         ->add_option("--boot-time", options->boot_seconds, "seconds from power-on until it answers")
         ->type_name("S")
         ->capture_default_str()

@@ -18,6 +18,10 @@ class HostDevices;
 class StatusBoard;
 }  // namespace devices
 
+namespace host {
+class XapMessage;
+}
+
 namespace media {
 class SoundFiles;
 }
@@ -207,6 +211,10 @@ class Velora : public TimerOwner, private QueueOwner, public std::enable_shared_
 
     // The only way to switch power.
     void hsExecX10(std::string_view code, std::string_view command) override;
+
+    // --- messages of the xAP network; see velora_xap.cpp ---
+    void ReceiveXapMessageOSD(const host::XapMessage& message);
+    void ReceiveXapMessageTTS(const host::XapMessage& message);
 
     // --- supervision ---
     [[nodiscard]] std::int32_t MotionOffMinutes() const { return motion_off_minutes_; }

@@ -2,6 +2,7 @@
 #include "automation/code_page.h"
 #include "automation/convert.h"
 #include "automation/guarded.h"
+#include "core/xap_body.h"
 #include "devices/status_board.h"
 #include "host/clock.h"
 #include "host/host_interface.h"
@@ -15,8 +16,6 @@ using automation::guarded;
 using devices::SubDevice;
 
 constexpr std::int32_t kCommandTimeout = 5000;  // milliseconds
-constexpr char kKeyEnd = '\x01';
-constexpr char kPairEnd = '\x00';
 
 }  // namespace
 
@@ -27,9 +26,8 @@ void Velora::hsExecX10(std::string_view code, std::string_view command) {
             instance.hs().ExecX10(code, command);
             return;
         }
-        const std::string body = std::string("device") + kKeyEnd + std::string(code) + kPairEnd +
-                                 "command" + kKeyEnd + std::string(command);
-        instance.callback().SendXapMessage(x10_server_, "xap-x10.request", "xap-x10.request", body,
+        instance.callback().SendXapMessage(x10_server_, "xap-x10.request", "xap-x10.request",
+                                           core::xap_body({{"device", code}, {"command", command}}),
                                            "", "00");
         const bool is_on = automation::equals_ignoring_case(command, "on");
         const std::int32_t before = is_on ? host::kStatusOff : host::kStatusOn;

@@ -16,14 +16,20 @@ constexpr local_days kFirstDay{100y / January / 1};
 constexpr local_days kEnd{10000y / January / 1};
 constexpr double kMillisecondsPerDay = 86'400'000;
 
-constexpr auto kMonths = std::to_array<std::string_view>(
-    {"Jan", "Feb", "Mar", "Apr", "May", "Jun", "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"});
+constexpr auto kMonths =
+    std::to_array<std::string_view>({"January", "February", "March", "April", "May", "June", "July",
+                                     "August", "September", "October", "November", "December"});
+constexpr std::size_t kShortMonth = 3;
 
 constexpr auto kWeekdays = std::to_array<std::string_view>(
     {"Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday"});
 
 std::string two_digits(unsigned int number) {
     return (number < 10 ? "0" : "") + std::to_string(number);
+}
+
+std::string_view month_name(const year_month_day& date) {
+    return kMonths[static_cast<unsigned int>(date.month()) - 1];
 }
 
 std::string date_text(local_days day) {
@@ -81,6 +87,29 @@ std::string general_date(DateTime moment) {
     return date_text(day) + " " + time_text(since_midnight);
 }
 
+std::string long_date(DateTime moment) {
+    const auto day = floor<days>(moment);
+    const year_month_day date(day);
+    return std::string(kWeekdays[weekday(day).c_encoding()])
+        .append(", ")
+        .append(month_name(date))
+        .append(" " + std::to_string(static_cast<unsigned int>(date.day())) + ", " +
+                std::to_string(static_cast<int>(date.year())));
+}
+
+std::string long_time(DateTime moment) {
+    return time_text(moment - floor<days>(moment));
+}
+
+std::string compact_date_time(DateTime moment) {
+    const year_month_day date(floor<days>(moment));
+    std::string time = time_of_day(moment);
+    std::erase(time, ':');
+    return std::to_string(static_cast<int>(date.year())) +
+           two_digits(static_cast<unsigned int>(date.month())) +
+           two_digits(static_cast<unsigned int>(date.day())) + time;
+}
+
 std::string time_of_day(DateTime moment) {
     const hh_mm_ss time(floor<seconds>(moment - floor<days>(moment)));
     return two_digits(static_cast<unsigned int>(time.hours().count())) + ":" +
@@ -101,8 +130,7 @@ std::string medium_date(DateTime moment) {
     const year_month_day date(floor<days>(moment));
     const auto year_in_century = static_cast<unsigned int>(static_cast<int>(date.year()) % 100);
     return two_digits(static_cast<unsigned int>(date.day())) + "-" +
-           std::string(kMonths[static_cast<unsigned int>(date.month()) - 1]) + "-" +
-           two_digits(year_in_century);
+           std::string(month_name(date).substr(0, kShortMonth)) + "-" + two_digits(year_in_century);
 }
 
 }  // namespace automation

@@ -28,6 +28,13 @@ struct Date {
 // "24-Nov-26": day with two digits, month name of three letters, year of two digits.
 [[nodiscard]] std::string medium_date(DateTime moment);
 
+// "Tuesday, November 24, 2026" and "4:03:03 PM": the long forms of the United States.
+[[nodiscard]] std::string long_date(DateTime moment);
+[[nodiscard]] std::string long_time(DateTime moment);
+
+// "20261124160303"
+[[nodiscard]] std::string compact_date_time(DateTime moment);
+
 // "16:03:09"
 [[nodiscard]] std::string time_of_day(DateTime moment);
 

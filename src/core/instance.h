@@ -47,6 +47,13 @@ class Instance {
     // 0 at each load of the settings, 1 after "Start Slideshow", 2 after "Stop Slideshow".
     std::int16_t SlideshowMode = 0;
 
+    // Set once a call has gone out to the xAP network, cleared at each load of the settings.
+    bool XapCIDSent = false;
+
+    // What the xAP network has told of today's sun, "" before.
+    std::string Sunrise;
+    std::string Sunset;
+
     // The plug-in's one I/O house code, a character outside "A" to "Z".
     std::string HouseCode;
 

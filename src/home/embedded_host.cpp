@@ -31,7 +31,7 @@ EmbeddedHost::EmbeddedHost(host::Pump& pump, const host::Clock& clock, EmbeddedH
       log_(options_.home / "Data" / "log.db", clock),
       settings_(options_.home / "Config",
                 [this](const std::string& problem) { Writelog("Settings", problem); }),
-      database_(open_home_database(options_.home / "Data" / "home.db")),
+      database_(open_home_database(options_.home / "Data" / options_.database)),
       device_store_(database_),
       event_store_(database_),
       menus_(options_.home / "Data" / "menus.db", clock),
@@ -88,6 +88,11 @@ void EmbeddedHost::SaveIniSetting(std::string_view section, std::string_view key
 
 std::string EmbeddedHost::GetINISection(std::string_view section, std::string_view file) {
     return settings_.GetINISection(section, file);
+}
+
+void EmbeddedHost::SaveINISection(std::string_view section, const host::SettingsEntries& entries,
+                                  std::string_view file) {
+    settings_.SaveINISection(section, entries, file);
 }
 
 void EmbeddedHost::Writelog(std::string_view type, std::string_view message) {
@@ -158,11 +163,13 @@ void EmbeddedHost::SetDeviceLastChange(std::string_view code, automation::DateTi
 
 void EmbeddedHost::SetDeviceStatus(std::string_view code, std::int32_t status) {
     devices_.SetDeviceStatus(code, status);
+    x10_line_.note_status(code, status);
 }
 
 void EmbeddedHost::SetDeviceStatusNoReport(std::string_view code, std::int32_t status,
                                            std::int32_t value) {
     devices_.SetDeviceStatusNoReport(code, status, value);
+    x10_line_.note_status(code, status);
 }
 
 std::int32_t EmbeddedHost::DeviceStatus(std::string_view code) {
@@ -236,6 +243,26 @@ void EmbeddedHost::UnregisterEventCB(host::EventListener& listener) noexcept {
     events_.UnregisterEventCB(listener);
 }
 
+std::int32_t EmbeddedHost::EventCount() {
+    return host_events_.EventCount();
+}
+
+std::shared_ptr<host::HostEvent> EmbeddedHost::GetEvent(std::int32_t number) {
+    return host_events_.GetEvent(number);
+}
+
+std::int32_t EmbeddedHost::NewEvent(std::string_view name) {
+    return host_events_.NewEvent(name);
+}
+
+std::unique_ptr<host::EventEnumerator> EmbeddedHost::GetEventEnumerator() {
+    return host_events_.GetEventEnumerator();
+}
+
+std::shared_ptr<host::HostEvent> EmbeddedHost::NewEventEx(std::string_view name) {
+    return host_events_.NewEventEx(name);
+}
+
 // --- callback object
 
 std::string EmbeddedHost::type_name() const {
@@ -269,6 +296,16 @@ const MenuEntry& EmbeddedHost::menu_entry(std::string_view label) const {
 
 std::int32_t EmbeddedHost::GetNextFreeIOCode() {
     return next_free_io_code(devices_.snapshot());
+}
+
+void EmbeddedHost::SendXapMessage(std::string_view target, std::string_view message_class,
+                                  std::string_view section, std::string_view body,
+                                  std::string_view sub_address, std::string_view uid) {
+    if (!xap_sink_) {
+        CallbackObject::SendXapMessage(target, message_class, section, body, sub_address, uid);
+        return;
+    }
+    xap_sink_({target, message_class, section, body, sub_address, uid});
 }
 
 void EmbeddedHost::ValueChangeEvent(std::string_view code, std::int32_t value) {

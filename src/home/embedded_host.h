@@ -13,6 +13,7 @@
 #include "home/device_table.h"
 #include "home/event_board.h"
 #include "home/events/event_engine.h"
+#include "home/events/host_events.h"
 #include "home/ini/ini_files.h"
 #include "home/menus/sqlite_menu_database.h"
 #include "home/phone/telephone.h"
@@ -37,7 +38,18 @@ struct EmbeddedHostOptions {
     // "Settings" in settings.ini goes before.
     std::string version = "2.5.0";
     std::string type_name = "EmbeddedHost";
+    std::string database = "home.db";      // its devices and events, in Data
     std::ostream* error_output = nullptr;  // where a line goes that the log refuses; none: stderr
+};
+
+// A message as a plug-in hands it over; see host::CallbackObject.
+struct OutgoingXapMessage {
+    std::string_view target;
+    std::string_view message_class;
+    std::string_view section;
+    std::string_view body;
+    std::string_view sub_address;
+    std::string_view uid;
 };
 
 // An entry that a plug-in has put into the host's menu.
@@ -50,13 +62,19 @@ struct MenuEntry {
 
 // The home automation host in this program: the interface that a plug-in gets, made of settings
 // files, log, devices, events, power line and menus of one home. Devices and events lie in
-// Data/home.db, users and menus of pages in Data/menus.db, and survive the program, however it
-// ends. Owned by the program, outlives the plug-in.
+// a file of their own in Data, users and menus of pages in Data/menus.db, and survive the program,
+// however it ends. Owned by the program, outlives the plug-in.
 class EmbeddedHost : public host::HostInterface, public host::CallbackObject {
   public:
     // Pump and clock must outlive the host.
     // Throws: RunTimeError 70, 61 or 57 with the file when a file of Data cannot be used.
     EmbeddedHost(host::Pump& pump, const host::Clock& clock, EmbeddedHostOptions options);
+
+    // Carries a message to the xAP network, with the arguments of `SendXapMessage`.
+    using XapSink = std::function<void(const OutgoingXapMessage& message)>;
+
+    // From now on this program carries messages. Without it `SendXapMessage` is error 438.
+    void set_xap_sink(XapSink sink) { xap_sink_ = std::move(sink); }
 
     // What a program around the host needs beyond the plug-in's view of it.
     [[nodiscard]] DeviceTable& devices() noexcept { return devices_; }
@@ -109,6 +127,8 @@ class EmbeddedHost : public host::HostInterface, public host::CallbackObject {
                         std::string_view file) override;
     [[nodiscard]] std::string GetINISection(std::string_view section,
                                             std::string_view file) override;
+    void SaveINISection(std::string_view section, const host::SettingsEntries& entries,
+                        std::string_view file) override;
 
     // Log. A line that cannot be stored goes to the error output with the reason; throws nothing
     // for it.
@@ -148,6 +168,11 @@ class EmbeddedHost : public host::HostInterface, public host::CallbackObject {
     // Events
     void RegisterEventCB(std::int32_t kind, host::EventListener& listener) override;
     void UnregisterEventCB(host::EventListener& listener) noexcept override;
+    [[nodiscard]] std::int32_t EventCount() override;
+    [[nodiscard]] std::shared_ptr<host::HostEvent> GetEvent(std::int32_t number) override;
+    std::int32_t NewEvent(std::string_view name) override;
+    [[nodiscard]] std::unique_ptr<host::EventEnumerator> GetEventEnumerator() override;
+    std::shared_ptr<host::HostEvent> NewEventEx(std::string_view name) override;
 
     // CallbackObject
     [[nodiscard]] std::string type_name() const override;
@@ -158,6 +183,9 @@ class EmbeddedHost : public host::HostInterface, public host::CallbackObject {
     [[nodiscard]] std::int32_t GetNextFreeIOCode() override;
     // Value and moment of the change are stored; no command follows.
     void ValueChangeEvent(std::string_view code, std::int32_t value) override;
+    void SendXapMessage(std::string_view target, std::string_view message_class,
+                        std::string_view section, std::string_view body,
+                        std::string_view sub_address, std::string_view uid) override;
 
   private:
     void on_x10(const X10Command& command);
@@ -176,8 +204,10 @@ class EmbeddedHost : public host::HostInterface, public host::CallbackObject {
     X10Line x10_line_;
     DeviceCommands device_commands_;
     EventEngine event_engine_;
+    HostEvents host_events_{event_engine_};
     std::vector<MenuEntry> menu_;
     std::vector<host::Plugin*> plugins_;
+    XapSink xap_sink_;
     Subscription device_changes_;
     Subscription x10_commands_;
 };

@@ -10,13 +10,13 @@
 namespace home {
 
 // Who wants to hear of which kind of event. Owned by the host.
-class EventBoard : public host::Events {
+class EventBoard {
   public:
     static constexpr std::int32_t kX10 = 1;
 
     // A listener that is registered twice for a kind hears each event once.
-    void RegisterEventCB(std::int32_t kind, host::EventListener& listener) override;
-    void UnregisterEventCB(host::EventListener& listener) noexcept override;
+    void RegisterEventCB(std::int32_t kind, host::EventListener& listener);
+    void UnregisterEventCB(host::EventListener& listener) noexcept;
 
     // Tells those that are registered now and still are when their turn comes, in the order of
     // registration. May pump.

@@ -37,8 +37,8 @@ void write_holder(const FileDescriptor& file, const fs::path& path) {
 
 }  // namespace
 
-HomeLock::HomeLock(const fs::path& home) {
-    const fs::path path = home / "Data" / "daemon.lock";
+HomeLock::HomeLock(const fs::path& home, std::string_view file) {
+    const fs::path path = home / "Data" / file;
     file_ = FileDescriptor(::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0644));
     if (!file_.is_open()) {
         throw system_failure(errno, "Cannot open", path);

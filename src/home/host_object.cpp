@@ -39,6 +39,7 @@ std::span<const Member> HostObject::members() const {
         method<&H::GetIniSetting>("GetIniSetting", "section, key, default, [file]"),
         method<&H::SaveIniSetting>("SaveIniSetting", "section, key, value, [file]"),
         method<&H::GetINISection>("GetINISection", "section, file"),
+        method<&H::ClearINISection>("ClearINISection", "section, file"),
         method<&H::WriteLog>("WriteLog", "type, message"),
         method<&H::GetAppPath>("GetAppPath"),
         method<&H::Version>("Version"),
@@ -80,6 +81,10 @@ void HostObject::SaveIniSetting(const std::string& section, const std::string& k
 
 std::string HostObject::GetINISection(const std::string& section, const std::string& file) {
     return hs_.GetINISection(section, file);
+}
+
+void HostObject::ClearINISection(const std::string& section, const std::string& file) {
+    hs_.SaveINISection(section, {}, file);
 }
 
 void HostObject::WriteLog(const std::string& type, const std::string& message) {

@@ -37,6 +37,7 @@ class HostObject final : public automation::TableObject {
     void SaveIniSetting(const std::string& section, const std::string& key,
                         const std::string& value, const std::optional<std::string>& file);
     std::string GetINISection(const std::string& section, const std::string& file);
+    void ClearINISection(const std::string& section, const std::string& file);
     void WriteLog(const std::string& type, const std::string& message);
     std::string GetAppPath();
     std::string Version();

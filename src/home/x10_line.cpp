@@ -75,6 +75,13 @@ void X10Line::take_state(const Message& message) {
     log_.Writelog(kLogType, code + " " + message.command);
 }
 
+void X10Line::note_status(std::string_view code, std::int32_t status) {
+    const std::optional<X10Code> parsed = parse_x10_code(code);
+    if (parsed && (status == host::kStatusOn || status == host::kStatusOff)) {
+        states_[parsed->text()] = status;
+    }
+}
+
 void X10Line::operate_modules(const Message& message) {
     const std::string code = message.code.text();
     const auto modules = modules_.find(code);

@@ -54,6 +54,10 @@ class X10Line : public host::X10 {
     // pump. Throws: RunTimeError 5 as above.
     void receive(std::string_view code, std::string_view command);
 
+    // The state of a code is known from elsewhere, such as from an xAP network; nothing is sent.
+    // Other texts than X10 codes and other states than on and off are passed over.
+    void note_status(std::string_view code, std::int32_t status);
+
     // Told of each command once the state is taken and the modules have acted. May pump.
     [[nodiscard]] Subscription follow(std::function<void(const X10Command&)> follower);
 

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "automation/object.h"
+#include "automation/run_time_error.h"
 #include "host/devices.h"
 #include "host/events.h"
 #include "host/log.h"
@@ -56,10 +57,15 @@ class CallbackObject {
     // A device of the plug-in has a new value by itself.
     virtual void ValueChangeEvent(std::string_view code, std::int32_t value) = 0;
 
-    // Only the separate xAP program carries messages.
+    // Hands a message to the xAP network. The target may be "" for all. The body holds the pairs
+    // of the first block: key, chr 1, value, separated by chr 0; further blocks may follow as text.
+    // `sub_address` goes behind the program's own address, `uid` is the endpoint in two hex digits.
+    // Only the separate xAP program carries messages. Throws: RunTimeError 438 in others.
     virtual void SendXapMessage(std::string_view /*target*/, std::string_view /*message_class*/,
-                                std::string_view /*block*/, std::string_view /*body*/,
-                                std::string_view /*source*/, std::string_view /*uid*/) {}
+                                std::string_view /*section*/, std::string_view /*body*/,
+                                std::string_view /*sub_address*/, std::string_view /*uid*/) {
+        throw automation::RunTimeError(automation::ErrorNumber::PropertyOrMethodNotSupported);
+    }
 };
 
 }  // namespace host

@@ -12,6 +12,7 @@
 namespace host {
 
 class CallbackObject;
+class XapMessage;
 
 // What a person wants to know of one unit.
 struct UnitStatus {
@@ -89,6 +90,9 @@ class Plugin {
 
     // Such an action in words, "" for one that is not its own.
     [[nodiscard]] virtual std::string ActionUIFormat(const std::string& action) = 0;
+
+    // A message of the xAP network, as it comes. Only the separate xAP program delivers any.
+    virtual void VeloraOnXapMessage(const XapMessage& /*message*/) {}
 
     // The plug-in as scripts and other programs see it.
     [[nodiscard]] virtual std::shared_ptr<automation::Object> object() = 0;

@@ -35,6 +35,10 @@ struct Protection {
     // reader would stay deaf without a word.
     bool lost_modem_comes_back = false;
 
+    // What filtered xAP messages said last is stored every few minutes, where only a clean stop of
+    // the program would store it.
+    bool recorded_values_are_saved = false;
+
     // A page's "meta http-equiv" tag that holds no digit is reported and passed over in the search
     // for a refresh, where the search would find it again for ever.
     bool tag_without_digits_is_passed_over = false;
@@ -48,6 +52,7 @@ struct Protection {
                 .self_test_leaves_the_queue_room = true,
                 .broken_include_is_an_error = true,
                 .lost_modem_comes_back = true,
+                .recorded_values_are_saved = true,
                 .tag_without_digits_is_passed_over = true};
     }
 };

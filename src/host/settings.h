@@ -2,8 +2,13 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace host {
+
+// Keys with their values, in the order of the file.
+using SettingsEntries = std::vector<std::pair<std::string, std::string>>;
 
 // Settings files of the host: INI text, one file each program part, named without a folder
 // ("settings.ini"). Names of sections and keys compare without regard to case. Texts are in code
@@ -26,6 +31,11 @@ class Settings {
     // All entries of a section as "key=value", each ended by a NUL character; empty when absent.
     [[nodiscard]] virtual std::string GetINISection(std::string_view section,
                                                     std::string_view file) = 0;
+
+    // Makes these the only entries of a section, in one write; its comments stay. None clear it.
+    // Throws as `SaveIniSetting`, and then nothing has changed.
+    virtual void SaveINISection(std::string_view section, const SettingsEntries& entries,
+                                std::string_view file) = 0;
 };
 
 // The per-user store of the platform: section, key, text. It keeps what belongs to the program

@@ -18,6 +18,9 @@ class SoundFiles {
     // closed. Reads `T2WVoice` anew. A failure is logged and leaves the file empty or absent.
     void TextToWavFile(std::string_view text, std::string_view file_name);
 
+    // The same with this voice, to a full path.
+    void SpeakToFile(std::string_view text, std::string_view voice, const std::string& path);
+
     // Seconds that a file plays, estimated from its size: bytes / 15667, rounded. 0 for "" and for
     // a missing file. A name without a backslash is meant below HTML.
     [[nodiscard]] std::int32_t ComputeWavTime(std::string_view file);
@@ -33,8 +36,6 @@ class SoundFiles {
     [[nodiscard]] std::string temporary_folder() const;
 
   private:
-    void SpeakToFile(std::string_view text, std::string_view voice, const std::string& path);
-
     core::Instance& instance_;
     std::int16_t file_counter_ = 0;
 };

@@ -5,6 +5,7 @@
 #include "automation/strings.h"
 #include "plugin/script_interface.h"
 #include "plugin/subsystems.h"
+#include "plugin/xap_message_object.h"
 
 // The public operations that are no command to a selection of units: names, files, clients.
 namespace plugin {
@@ -124,6 +125,13 @@ std::string ScriptInterface::VeloraSlideshowASP(
     const std::shared_ptr<automation::Object>& RequestObject,
     const std::shared_ptr<automation::Object>& ResponseObject) {
     return parts_.slideshow_asp.VeloraSlideshow_ASP(RequestObject, ResponseObject);
+}
+
+void ScriptInterface::VeloraOnXapMessage(const std::shared_ptr<automation::Object>& oMessage) {
+    if (oMessage == nullptr) {
+        throw automation::RunTimeError(automation::ErrorNumber::ObjectVariableNotSet);
+    }
+    parts_.xap_node.receiver().OnXapMessage(XapMessageObject(oMessage));
 }
 
 void ScriptInterface::VeloraReloadSettings() {

@@ -86,6 +86,10 @@ std::string hspi::ActionUIFormat(const std::string& action) {
     return parts_->subsystems.actions.ActionUIFormat(action);
 }
 
+void hspi::VeloraOnXapMessage(const host::XapMessage& message) {
+    parts_->subsystems.xap_node.receiver().OnXapMessage(message);
+}
+
 std::shared_ptr<automation::Object> hspi::object() {
     return parts_->script_interface;
 }

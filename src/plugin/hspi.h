@@ -33,6 +33,8 @@ class hspi final : public host::Plugin {
     void TriggerAction(const std::string& action) override;
     [[nodiscard]] std::string ActionUIFormat(const std::string& action) override;
 
+    void VeloraOnXapMessage(const host::XapMessage& message) override;
+
     [[nodiscard]] std::shared_ptr<automation::Object> object() override;
     [[nodiscard]] host::PluginStatus status() const override;
     [[nodiscard]] host::ModemEcho modem_echo() const override;

@@ -1,6 +1,7 @@
 #include "plugin/lifecycle.h"
 
 #include <array>
+#include <chrono>
 #include <string_view>
 
 #include "automation/convert.h"
@@ -10,6 +11,7 @@
 #include "host/desktop.h"
 #include "host/files.h"
 #include "host/host_interface.h"
+#include "host/pump.h"
 #include "plugin/subsystems.h"
 #include "plugin/timer_events.h"
 
@@ -60,6 +62,8 @@ std::int32_t version_number(const std::string& version) {
 }
 
 }  // namespace
+
+Lifecycle::~Lifecycle() = default;
 
 void Lifecycle::RegisterCallback(host::CallbackObject& frm) {
     core::Instance& instance = parts_.instance;
@@ -126,10 +130,12 @@ void Lifecycle::start_up() {
     parts_.timer_pools.attach(nullptr);
     parts_.fleet.reset();
     load_queue_timer();
+    load_filters();
     parts_.user_script.load();
     parts_.udp_link.InitUDP();
     parts_.settings.InitVeloraUtilities();
     sync_with_host();
+    parts_.xap_node.queue().clear();
     parts_.caller_id.echo().empty_boxes();
     parts_.host_devices.SetValueCallback();
     instance.log.VeloraWriteLog(core::kLogType, "Startup Initialization Complete");
@@ -159,6 +165,19 @@ void Lifecycle::load_queue_timer() {
     parts_.queue_timer->Load();
 }
 
+void Lifecycle::load_filters() {
+    constexpr std::chrono::minutes kBetweenSaves{5};
+    xap::Filters& filters = parts_.xap_node.filters();
+    filters.InitFilterDictionary();
+    filters.InitDeviceDictionary();
+    if (parts_.instance.platform().protection.recorded_values_are_saved) {
+        save_timer_ = parts_.instance.platform().pump.make_timer(
+            [&filters] { filters.SaveDeviceDictionary(); });
+        save_timer_->set_interval(kBetweenSaves);
+        save_timer_->set_enabled(true);
+    }
+}
+
 void Lifecycle::sync_with_host() {
     // The values go to the units as pages, never by datagram.
     core::UtilitySettings& settings = parts_.instance.settings;
@@ -176,11 +195,14 @@ void Lifecycle::ShutdownIO() {
     }
     automation::guarded(parts_.instance.log, "ShutdownIO ", [&] {
         parts_.instance.ShuttingDown = true;
+        save_timer_.reset();
+        parts_.xap_node.filters().SaveDeviceDictionary();
         parts_.udp_link.CloseUDP();
         parts_.fleet.shutdown();
         parts_.timer_pools.attach(nullptr);
         parts_.queue_timer.reset();
         parts_.caller_id.release();
+        parts_.xap_node.queue().clear();
         parts_.user_script.unload();
         parts_.page_engine.release();
     });

@@ -1,11 +1,13 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 
 namespace host {
 class CallbackObject;
-}
+class Timer;
+}  // namespace host
 
 namespace plugin {
 
@@ -18,6 +20,10 @@ class Lifecycle {
   public:
     Lifecycle(Subsystems& parts, TimerEvents& timer_events)
         : parts_(parts), timer_events_(timer_events) {}
+
+    Lifecycle(const Lifecycle&) = delete;
+    Lifecycle& operator=(const Lifecycle&) = delete;
+    ~Lifecycle();
 
     // Takes the host over and decides the role. Throws: RunTimeError 91 when the host gives no
     // interface.
@@ -36,12 +42,14 @@ class Lifecycle {
     void begin();
     void create_slideshow_stub();
     void load_queue_timer();
+    void load_filters();
     void sync_with_host();
     void use_menu_database();
     void register_menus();
 
     Subsystems& parts_;
     TimerEvents& timer_events_;
+    std::unique_ptr<host::Timer> save_timer_;  // of recorded values, under protection
     bool x10_init_done_ = false;
     bool ir_init_done_ = false;
     bool io_init_done_ = false;

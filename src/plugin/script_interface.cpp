@@ -106,6 +106,7 @@ constexpr auto kMembers = std::to_array<Member>({
     property<&S::VeloraNextPicture>("VeloraNextPicture"),
     method<&S::VeloraSlideshowASP>("VeloraSlideshowASP", "RequestObject, ResponseObject"),
     method<&S::VeloraReloadSettings>("VeloraReloadSettings"),
+    method<&S::VeloraOnXapMessage>("VeloraOnXapMessage", "oMessage"),
 
     // without effect; kept for scripts that call them
     method<&S::no_text>("VeloraMP3Load"),

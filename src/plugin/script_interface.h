@@ -102,6 +102,7 @@ class ScriptInterface final : public automation::TableObject {
     std::string VeloraSlideshowASP(const std::shared_ptr<automation::Object>& RequestObject,
                                    const std::shared_ptr<automation::Object>& ResponseObject);
     void VeloraReloadSettings();
+    void VeloraOnXapMessage(const std::shared_ptr<automation::Object>& oMessage);
 
     // --- forms that take one text, "whichVeloras;argument"; see ex_operations.cpp
     // -----------------

@@ -25,6 +25,7 @@
 #include "slideshow/slideshow_asp.h"
 #include "udp/client_link.h"
 #include "webserver/tcp_server_module.h"
+#include "xap/node.h"
 
 namespace plugin {
 
@@ -46,6 +47,9 @@ struct Subsystems {
                      [this] { return timer5(); }}),
           supervision(instance, fleet),
           user_script(instance, [this] { return script_queue_timer(); }),
+          xap_node({instance, fleet, host_devices, status_board, actions, device_commands,
+                    caller_id, [this] { return bsc_timer(); },
+                    [this](std::string_view tag) { user_script.add(tag); }}),
           host_page(instance, nullptr),
           page_engine(instance),
           html_includes(instance, page_engine, host_page),
@@ -70,6 +74,7 @@ struct Subsystems {
     callerid::CallerId caller_id;
     fleet::Supervision supervision;
     pages::UserScript user_script;
+    xap::Node xap_node;
     pages::HostPage host_page;
     pages::PageEngine page_engine;
     pages::HTMLIncludes html_includes;
@@ -91,6 +96,10 @@ struct Subsystems {
 
     [[nodiscard]] host::Timer* timer5() const {
         return queue_timer == nullptr ? nullptr : &queue_timer->Timer5();
+    }
+
+    [[nodiscard]] host::Timer* bsc_timer() const {
+        return queue_timer == nullptr ? nullptr : &queue_timer->BSCTimer();
     }
 
     [[nodiscard]] host::Timer* slideshow_timer() const {

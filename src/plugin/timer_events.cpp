@@ -50,6 +50,10 @@ void TimerEvents::SendTimer_Timer() {
     parts_.queue_timer->phJuke()->SendTimer_Timer();
 }
 
+void TimerEvents::BSCTimer_Timer() {
+    parts_.xap_node.queue().BSCTimer_Timer();
+}
+
 void TimerEvents::ScriptQueueTimer_Timer() {
     parts_.user_script.ScriptQueueTimer_Timer();
 }

@@ -30,6 +30,9 @@ class TimerEvents : public appliance::QueueTimerEvents {
     void Timer4_Timer() override;
     void Timer5_Timer() override;
 
+    // Messages wait for the xAP network.
+    void BSCTimer_Timer() override;
+
     // Calls wait for the user's script.
     void ScriptQueueTimer_Timer() override;
 

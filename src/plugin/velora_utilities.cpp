@@ -57,7 +57,7 @@ void VeloraUtilities::InitVeloraUtilities() {
     read_slide_groups();
     step([&] { services_.caller_id.port().open_from_settings(); });
     step([&] { define_caller_device(); });
-    services_.caller_id.dispatch().set_xap_incoming(false);
+    services_.instance.XapCIDSent = false;
     services_.caller_id.phonebook().BuildPhonebook();
     step([&] { services_.page_engine.release(); });
     step([&] { log("User Configuration Setup Initialization Complete"); });

@@ -65,13 +65,40 @@ void Appliance::note_request(const HttpRequest& request, std::string_view answer
 }
 
 void Appliance::take_music(const std::string& text) {
-    const bool is_taken = fault_.kind == FaultKind::None || fault_.kind == FaultKind::Slow;
+    const bool is_taken = hears();
     if (is_taken) {
         state_.jukebox.last = text;
         ++state_.jukebox.commands;
     }
     recorder_.log_request("MUSIC", text, is_taken ? "ok" : to_text(fault_));
     record();
+}
+
+void Appliance::take_client_message(const ClientMessage& message) {
+    const bool is_caller = message.kind == ClientMessage::Kind::Caller;
+    const bool is_taken = hears();
+    if (is_taken) {
+        ++state_.client.messages;
+        if (is_caller) {
+            state_.client.caller_name = message.first;
+            state_.client.caller_number = message.second;
+        } else {
+            state_.client.command = message.first + " " + message.second;
+            apply_client_command(state_, message.first, message.second);
+        }
+    }
+    recorder_.log_request(is_caller ? "CALLER" : "COMMAND", message.first + " " + message.second,
+                          is_taken ? "ok" : to_text(fault_));
+    record();
+}
+
+void Appliance::set_subscribed(bool is_subscribed) {
+    state_.client.is_subscribed = is_subscribed;
+    record();
+}
+
+bool Appliance::hears() const noexcept {
+    return fault_.kind == FaultKind::None || fault_.kind == FaultKind::Slow;
 }
 
 void Appliance::record() const {

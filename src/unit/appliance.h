@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "unit/appliance_state.h"
+#include "unit/client_message.h"
 #include "unit/fault.h"
 #include "unit/http_page.h"
 #include "unit/recorder.h"
@@ -46,7 +47,14 @@ class Appliance {
     // with "ok" or the fault.
     void take_music(const std::string& text);
 
+    // The client program has got a message: shows or does what it says, unless a fault keeps it from
+    // doing so.
+    void take_client_message(const ClientMessage& message);
+
+    void set_subscribed(bool is_subscribed);
+
   private:
+    [[nodiscard]] bool hears() const noexcept;
     void record() const;
     boost::asio::awaitable<Page> play(std::string url);
     void browse(const std::string& url);

@@ -34,6 +34,15 @@ struct Jukebox {
     std::uint64_t commands = 0;
 };
 
+// What the client program beside the browser was told by datagrams, in UTF-8.
+struct ClientState {
+    bool is_subscribed = false;
+    std::uint64_t messages = 0;
+    std::string caller_name;
+    std::string caller_number;
+    std::string command;  // the last one, with its parameter
+};
+
 // All that an observer could see or hear of one appliance. A value: who owns one may copy it.
 // The initial values are those after power-on; volumes are percentages from 0 to 100.
 struct ApplianceState {
@@ -50,6 +59,7 @@ struct ApplianceState {
     BrowserView browser;
     PlayedSound playing;
     Jukebox jukebox;
+    ClientState client;
     std::uint64_t requests = 0;
 };
 

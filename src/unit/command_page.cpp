@@ -146,7 +146,38 @@ constexpr std::array kCommandPages{
     CommandPage{"gotoURL.shtml", Argument::Required, go_to_page},
 };
 
+// What a word of the client program does is what one of the pages does.
+struct ClientCommand {
+    std::string_view word;
+    std::string_view parameter;  // "" for any, which then ends the page's address
+    std::string_view page;
+};
+
+constexpr std::array<ClientCommand, 9> kClientCommands{{
+    {"TopLed", "off", "led.shtml?t0"},
+    {"TopLed", "on", "led.shtml?t1"},
+    {"TopLed", "blink", "led.shtml?t2"},
+    {"MailLed", "off", "led.shtml?m0"},
+    {"MailLed", "on", "led.shtml?m1"},
+    {"MailLed", "blink", "led.shtml?m2"},
+    {"Screen", "off", "screen.shtml?0"},
+    {"Screen", "on", "screen.shtml?1"},
+    {"Beep", "", "beep.shtml?0 "},
+}};
+
 }  // namespace
+
+void apply_client_command(ApplianceState& state, std::string_view word,
+                          std::string_view parameter) {
+    for (const ClientCommand& command : kClientCommands) {
+        const bool takes_any = command.parameter.empty();
+        if (command.word == word && (takes_any || command.parameter == parameter)) {
+            // A sound that there is not changes nothing, as on the page.
+            (void)apply_command(state,
+                                std::string(command.page).append(takes_any ? parameter : ""));
+        }
+    }
+}
 
 std::optional<CommandEffect> apply_command(ApplianceState& state, std::string_view target) {
     if (target.starts_with('/')) {

@@ -32,4 +32,8 @@ using CommandEffect = std::variant<Done, LoadSound, ShowPage>;
 [[nodiscard]] std::optional<CommandEffect> apply_command(ApplianceState& state,
                                                          std::string_view target);
 
+// Carries out a command of the client program: "TopLed", "MailLed" (on, off, blink), "Screen" (on,
+// off) or "Beep" (a sound, 0 to 18). Leaves the state alone for any other word or parameter.
+void apply_client_command(ApplianceState& state, std::string_view word, std::string_view parameter);
+
 }  // namespace unit

@@ -34,6 +34,11 @@ std::string state_json(const ApplianceState& state, const Fault& fault, JsonLayo
     json["playing"]["seconds"] = value_or_null(state.playing.seconds);
     json["jukebox"]["last"] = state.jukebox.last;
     json["jukebox"]["commands"] = state.jukebox.commands;
+    json["client"]["subscribed"] = state.client.is_subscribed;
+    json["client"]["messages"] = state.client.messages;
+    json["client"]["caller"]["name"] = state.client.caller_name;
+    json["client"]["caller"]["number"] = state.client.caller_number;
+    json["client"]["command"] = state.client.command;
     json["fault"] = to_text(fault);
     json["requests"] = state.requests;
     const int indent = layout == JsonLayout::Indented ? 4 : -1;

@@ -13,7 +13,7 @@ constexpr std::string_view kControlSocketName = "control.sock";
 // the line end: "ok", the state as JSON for "state", or "error: " and what is wrong. Blocks for
 // at most five seconds; does not pump.
 //   normal | silent | slow MS | drop | not-found | hang | power off | power on | boot SECONDS |
-//   state
+//   subscribe | unsubscribe | state
 // Throws: std::runtime_error when no unit runs there or it does not answer.
 [[nodiscard]] std::string tell_unit(const std::filesystem::path& state_directory,
                                     std::string_view command);

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "unit/appliance.h"
+#include "unit/client_program.h"
 #include "unit/connection.h"
 #include "unit/control_socket.h"
 #include "unit/jukebox.h"
@@ -28,7 +29,7 @@ using asio::ip::tcp;
 constexpr std::chrono::seconds kListenRetry{1};
 constexpr std::int64_t kHighestPort = 65535;
 
-tcp::endpoint parse_listen(const std::string& text) {
+tcp::endpoint parse_address(const std::string& text) {
     const auto colon = text.rfind(':');
     std::string host = text.substr(0, colon);
     if (host.starts_with('[') && host.ends_with(']')) {
@@ -40,9 +41,13 @@ tcp::endpoint parse_listen(const std::string& text) {
                           ? std::nullopt
                           : whole_number(std::string_view{text}.substr(colon + 1), 0, kHighestPort);
     if (error || !port) {
-        throw std::runtime_error("not an address to listen on, as IP:PORT: " + text);
+        throw std::runtime_error("not an address as IP:PORT: " + text);
     }
     return {address, static_cast<std::uint16_t>(*port)};
+}
+
+asio::ip::udp::endpoint datagram_address(const tcp::endpoint& address) {
+    return {address.address(), address.port()};
 }
 
 fs::path made_directory(const fs::path& directory) {
@@ -71,13 +76,14 @@ class Unit::Implementation {
     void stop_on_signals();
 
   private:
-    void close_all() noexcept;
+    void close_all();
     void open_ports();
     void start_ports();
     void close_ports() noexcept;
     std::string answer_line(std::string_view line);
     std::string carry_out(const UnitCommand& command);
     void switch_power(PowerSwitch position);
+    void subscribe(Subscription subscription);
     void boot(std::chrono::milliseconds time);
     void finish_boot();
 
@@ -91,11 +97,12 @@ class Unit::Implementation {
     Appliance appliance_;
     PortListener web_;
     PortListener jukebox_;
+    std::optional<ClientProgram> client_;
 };
 
 Unit::Implementation::Implementation(const UnitOptions& options)
     : boot_time_(options.boot_time),
-      listen_(parse_listen(options.listen)),
+      listen_(parse_address(options.listen)),
       control_(loop_, made_directory(options.state_directory) / kControlSocketName,
                [this](std::string_view line) { return answer_line(line); }),
       appliance_(named(options.name), Recorder(options.state_directory),
@@ -105,22 +112,35 @@ Unit::Implementation::Implementation(const UnitOptions& options)
       jukebox_(loop_, {listen_.address(), options.jukebox_port}, [this](tcp::socket socket) {
           return serve_jukebox(std::move(socket), appliance_);
       }) {
+    if (!options.daemon.empty()) {
+        client_.emplace(loop_, asio::ip::udp::endpoint{listen_.address(), options.client_port},
+                        datagram_address(parse_address(options.daemon)), appliance_);
+    }
     open_ports();
 }
 
 void Unit::Implementation::open_ports() {
     web_.open();
     jukebox_.open();
+    if (client_) {
+        client_->open();
+    }
 }
 
 void Unit::Implementation::start_ports() {
     web_.start();
     jukebox_.start();
+    if (client_) {
+        client_->start();
+    }
 }
 
 void Unit::Implementation::close_ports() noexcept {
     web_.close();
     jukebox_.close();
+    if (client_) {
+        client_->close();
+    }
 }
 
 void Unit::Implementation::run() {
@@ -145,7 +165,10 @@ void Unit::Implementation::stop_on_signals() {
     });
 }
 
-void Unit::Implementation::close_all() noexcept {
+void Unit::Implementation::close_all() {
+    if (client_) {
+        client_->unsubscribe();
+    }
     boost::system::error_code ignored;
     signals_.cancel(ignored);
     boot_timer_.cancel(ignored);
@@ -170,6 +193,8 @@ std::string Unit::Implementation::carry_out(const UnitCommand& command) {
         appliance_.set_fault(*fault);
     } else if (const auto* position = std::get_if<PowerSwitch>(&command)) {
         switch_power(*position);
+    } else if (const auto* subscription = std::get_if<Subscription>(&command)) {
+        subscribe(*subscription);
     } else {
         boot_time_ = std::get<SetBootTime>(command).boot_time;
     }
@@ -187,6 +212,20 @@ void Unit::Implementation::switch_power(PowerSwitch position) {
     boot_timer_.cancel();
     close_ports();
     appliance_.set_power(Power::Off);
+}
+
+void Unit::Implementation::subscribe(Subscription subscription) {
+    if (!client_) {
+        throw std::runtime_error("this unit runs no client program; start it with --client-of");
+    }
+    if (appliance_.power() != Power::On) {
+        throw std::runtime_error("this unit is not on");
+    }
+    if (subscription == Subscription::Start) {
+        client_->subscribe();
+    } else {
+        client_->unsubscribe();
+    }
 }
 
 void Unit::Implementation::boot(std::chrono::milliseconds time) {
@@ -209,8 +248,8 @@ void Unit::Implementation::finish_boot() {
     }
     try {
         open_ports();
-        start_ports();
         appliance_.set_power(Power::On);
+        start_ports();
     } catch (const std::runtime_error& error) {
         std::cerr << "unit: " << error.what() << '\n';
         close_ports();

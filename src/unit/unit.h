@@ -14,13 +14,16 @@ struct UnitOptions {
     std::filesystem::path state_directory;  // made when it does not exist
     std::chrono::seconds boot_time{3};      // from power-on until the ports are open
     std::uint16_t jukebox_port = 0;         // of the music player, at the same IP; 0 as above
+    std::string daemon = {};                // "IP:PORT" at which a client program subscribes
+    std::uint16_t client_port = 4550;       // of that program, at the IP of `listen`
 };
 
 // One simulated appliance without screen and loudspeaker: a web server that carries out the
 // command pages, fetches the sounds and pages that it is told to, and a music player that takes
-// texts. It shows what it does in the files of its state directory (see recorder.h). tell_unit()
-// gives it faults and switches its power. Owned by the sub-command, or by a test that runs it in a
-// thread; several can live in one process, each with its own state directory.
+// texts, and a client program where it is told of a daemon. It shows what it does in the files of
+// its state directory (see recorder.h). tell_unit() gives it faults and switches its power. Owned
+// by the sub-command, or by a test that runs it in a thread; several can live in one process, each
+// with its own state directory.
 class Unit {
   public:
     // The appliance is on: all sockets are open and the state is recorded.

@@ -9,7 +9,8 @@ namespace unit {
 namespace {
 
 constexpr std::string_view kCommandList =
-    "normal, silent, slow MS, drop, not-found, hang, power off, power on, boot SECONDS, state";
+    "normal, silent, slow MS, drop, not-found, hang, power off, power on, boot SECONDS, subscribe, "
+    "unsubscribe, state";
 constexpr std::string_view kBootPrefix = "boot ";
 constexpr std::string_view kBlanks = " \t\r\n";
 
@@ -39,6 +40,12 @@ UnitCommand parse_unit_command(std::string_view line) {
     }
     if (command == "power on") {
         return PowerSwitch::On;
+    }
+    if (command == "subscribe") {
+        return Subscription::Start;
+    }
+    if (command == "unsubscribe") {
+        return Subscription::End;
     }
     if (command == "state") {
         return AskState{};

@@ -10,6 +10,9 @@ namespace unit {
 
 enum class PowerSwitch { Off, On };
 
+// What the client program does at the daemon.
+enum class Subscription { Start, End };
+
 struct SetBootTime {
     std::chrono::seconds boot_time;
 };
@@ -18,8 +21,8 @@ struct AskState {};
 
 // One line of the control socket:
 //   normal | silent | slow MS | drop | not-found | hang | power off | power on | boot SECONDS |
-//   state
-using UnitCommand = std::variant<Fault, PowerSwitch, SetBootTime, AskState>;
+//   subscribe | unsubscribe | state
+using UnitCommand = std::variant<Fault, PowerSwitch, SetBootTime, Subscription, AskState>;
 
 constexpr std::chrono::seconds kLongestBoot = std::chrono::hours(1);
 

@@ -4,9 +4,9 @@
 #include <string>
 #include <string_view>
 
+#include "automation/keyed_collection.h"
 #include "automation/members.h"
 #include "webserver/key_value_pair.h"
-#include "webserver/keyed_collection.h"
 
 namespace core {
 class VeloraLog;
@@ -16,7 +16,7 @@ namespace webserver {
 
 class TCPDebugLog;
 
-using ParameterCollection = KeyedCollection<KeyValuePair>;
+using ParameterCollection = automation::KeyedCollection<KeyValuePair>;
 
 // One HTTP request, as its first packet tells it; scripts see it too. Made by the dispatcher for
 // one turn; a script that keeps it may use it as long as the server stands. The parser is
@@ -102,7 +102,7 @@ class Request final : public automation::TableObject {
 
     ParameterCollection query_;
     ParameterCollection form_;
-    KeyedCollection<std::string> headers_;
+    automation::KeyedCollection<std::string> headers_;
     std::string query_text_;
     std::string page_;
     std::string payload_;

@@ -220,6 +220,33 @@ TEST_F(EmbeddedHostTest, LosesNoLogLine) {
     EXPECT_THAT(errors_.str(), HasSubstr("locked"));
 }
 
+// A switch that no device stands for, and that somebody else switches.
+TEST_F(EmbeddedHostTest, APowerStateThatIsToldCountsWithoutADevice) {
+    EmbeddedHost host(pump_, clock_, options());
+    EXPECT_FALSE(host.isOn("A1"));
+    host.SetDeviceStatusNoReport("a1", 2, 0);
+    EXPECT_TRUE(host.isOn("A1"));
+    host.SetDeviceStatus("A1", 17);
+    EXPECT_TRUE(host.isOn("A1")) << "neither on nor off";
+    host.SetDeviceStatus("A1", 3);
+    EXPECT_TRUE(host.IsOff("A1"));
+}
+
+TEST_F(EmbeddedHostTest, MessagesForXapNeedAProgramThatCarriesThem) {
+    EmbeddedHost host(pump_, clock_, options());
+    EXPECT_EQ(error_of([&] { host.SendXapMessage("t", "c", "s", "b", "a", "00"); }),
+              "Object doesn't support this property or method");
+    std::string sent;
+    host.set_xap_sink([&](const OutgoingXapMessage& message) {
+        for (const auto part : {message.target, message.message_class, message.section,
+                                message.body, message.sub_address, message.uid}) {
+            sent.append(part).append(" ");
+        }
+    });
+    host.SendXapMessage("t", "c", "s", "b", "a", "00");
+    EXPECT_EQ(sent, "t c s b a 00 ");
+}
+
 TEST_F(EmbeddedHostTest, X10GoesToTheLog) {
     EmbeddedHost host(pump_, clock_, options());
     host.ExecX10("A1", "off");

@@ -65,17 +65,17 @@ TEST_F(HomeLayoutTest, NamesWhatStandsInTheWay) {
 
 TEST_F(HomeLayoutTest, OneDaemonForEachHome) {
     lay_out();
-    std::optional<HomeLock> first(folder_.path() / "home");
+    std::optional<HomeLock> first(std::in_place, folder_.path() / "home", "daemon.lock");
     try {
-        const HomeLock second(folder_.path() / "home");
+        const HomeLock second(folder_.path() / "home", "daemon.lock");
         ADD_FAILURE() << "two daemons in one home";
     } catch (const RunTimeError& error) {
         EXPECT_THAT(error.description(),
                     HasSubstr("is in use by process " + std::to_string(::getpid())));
     }
     first.reset();
-    EXPECT_NO_THROW(HomeLock(folder_.path() / "home"));
-    EXPECT_THROW(HomeLock(folder_.path() / "nowhere"), RunTimeError);
+    EXPECT_NO_THROW(HomeLock(folder_.path() / "home", "daemon.lock"));
+    EXPECT_THROW(HomeLock(folder_.path() / "nowhere", "daemon.lock"), RunTimeError);
 }
 
 }  // namespace

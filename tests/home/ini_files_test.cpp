@@ -3,8 +3,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <cstdlib>
 
 #include "automation/run_time_error.h"
 #include "home/ini_user_store.h"
@@ -161,6 +165,39 @@ TEST_F(IniFilesTest, ARefusedWriteLeavesTheOldFileWhole) {
     refusal_ = {};
     EXPECT_EQ(error_of_saving("A", "k", "a value of some length"), 0);
     EXPECT_EQ(folder_.read(kFile), "; mine\n[A]\nk=a value of some length\n");
+}
+
+TEST_F(IniFilesTest, ASectionIsReplacedInOneWriteOrNotAtAll) {
+    files_.SaveINISection("A", {{"k", "1"}, {"l", "\"2\""}}, kFile);
+    files_.SaveINISection("a", {{"l", "3"}}, kFile);
+    EXPECT_EQ(folder_.read(kFile), "[A]\nl=3\n");
+    EXPECT_THROW(files_.SaveINISection("A", {{"k", "1"}, {"=", "2"}}, kFile), RunTimeError);
+    refusal_ = {"write", ENOSPC};
+    EXPECT_THROW(files_.SaveINISection("A", {{"k", "long enough"}}, kFile), RunTimeError);
+    EXPECT_EQ(folder_.read(kFile), "[A]\nl=3\n");
+}
+
+// Each of two programs writes keys of its own into one file, at the same time.
+TEST_F(IniFilesTest, TwoProgramsLoseNothingOfEachOther) {
+    constexpr int kKeys = 40;
+    const auto write_keys = [&](const std::string& prefix) {
+        IniFiles files(folder_.path(), [](const std::string&) {});
+        for (int i = 0; i < kKeys; ++i) {
+            files.SaveIniSetting("A", prefix + std::to_string(i), "1", kFile);
+        }
+    };
+    const pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        write_keys("child");
+        std::_Exit(0);
+    }
+    write_keys("parent");
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0);
+    const std::string section = files_.GetINISection("A", kFile);
+    EXPECT_EQ(std::ranges::count(section, '\0'), 2 * kKeys);
 }
 
 TEST_F(IniFilesTest, KeepsPermissionsAndLinks) {

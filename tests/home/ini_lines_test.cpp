@@ -58,6 +58,21 @@ const Edit kEdits[] = {
 INSTANTIATE_TEST_SUITE_P(IniLines, EditedFile, testing::ValuesIn(kEdits),
                          [](const auto& row) { return std::string(row.param.name); });
 
+TEST(IniLines, ASectionTakesNewEntriesAndKeepsItsComments) {
+    const std::string before = "[A]\nk=1\n[N]\n; mine\nold=1\n; behind\nb=2\n\n[B]\nold=3\n";
+    const auto after = [&](const std::string& section,
+                           const std::vector<std::pair<std::string, std::string>>& entries) {
+        IniLines lines(before);
+        lines.replace_section(section, entries);
+        return lines.content();
+    };
+    EXPECT_EQ(after("n", {{"b", "9"}, {"new", ""}, {"x", "y"}}),
+              "[A]\nk=1\n[N]\n; mine\nb=9\nnew=\nx=y\n; behind\n\n[B]\nold=3\n");
+    EXPECT_EQ(after("N", {}), "[A]\nk=1\n[N]\n; mine\n; behind\n\n[B]\nold=3\n");
+    EXPECT_EQ(after("C", {{"k", "1"}}), before + "\n[C]\nk=1\n");
+    EXPECT_EQ(after("C", {}), before);
+}
+
 std::vector<std::string> problems_of(const std::string& content) {
     std::vector<std::string> problems;
     const IniLines lines(content);

@@ -1,61 +1,18 @@
-#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <stdlib.h>
-#include <unistd.h>
 
-#include <array>
 #include <string>
 
 #include "automation/run_time_error.h"
 #include "platform/asio/asio_pump.h"
 #include "platform/asio/asio_serial_ports.h"
 #include "platform/asio/serial_line.h"
+#include "platform/system/pseudo_terminal.h"
 
 namespace platform {
 namespace {
 
 using namespace std::chrono_literals;
-
-// The two ends of a serial line; ours is the modem's.
-class PseudoTerminal {
-  public:
-    PseudoTerminal() : master_(::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC)) {
-        EXPECT_EQ(::grantpt(master_), 0);
-        EXPECT_EQ(::unlockpt(master_), 0);
-        std::array<char, 64> name{};
-        EXPECT_EQ(::ptsname_r(master_, name.data(), name.size()), 0);
-        device_ = name.data();
-    }
-
-    PseudoTerminal(const PseudoTerminal&) = delete;
-    PseudoTerminal& operator=(const PseudoTerminal&) = delete;
-
-    ~PseudoTerminal() { hang_up(); }
-
-    [[nodiscard]] const std::string& device() const { return device_; }
-
-    void send(const std::string& bytes) const {
-        EXPECT_EQ(::write(master_, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
-    }
-
-    [[nodiscard]] std::string received() const {
-        std::array<char, 256> piece{};
-        const ssize_t size = ::read(master_, piece.data(), piece.size());
-        return {piece.data(), static_cast<std::size_t>(size > 0 ? size : 0)};
-    }
-
-    void hang_up() {
-        if (master_ >= 0) {
-            ::close(master_);
-            master_ = -1;
-        }
-    }
-
-  private:
-    int master_;
-    std::string device_;
-};
 
 class SerialPortsTest : public testing::Test {
   protected:
@@ -64,7 +21,7 @@ class SerialPortsTest : public testing::Test {
     std::string received_;
     std::string lost_;
     AsioSerialPorts ports_{pump_, [this](std::string_view port) {
-                               return port == "1" ? modem_.device() : std::string();
+                               return port == "1" ? modem_.device() : std::filesystem::path();
                            }};
     std::unique_ptr<host::SerialPort> port_ =
         ports_.make_serial_port({.on_bytes = [this](std::string_view bytes) { received_ += bytes; },
@@ -79,7 +36,7 @@ TEST_F(SerialPortsTest, BytesPassBothWaysAsTheyAre) {
     EXPECT_EQ(received_, "RING\r\nNMBR = 1\r\n");
     port_->write("AT#CID=1\r\n");
     pump_.run_until([] { return false; }, 50ms);
-    EXPECT_EQ(modem_.received(), "AT#CID=1\r\n");
+    EXPECT_EQ(modem_.receive(5s), "AT#CID=1\r\n");
 }
 
 TEST_F(SerialPortsTest, ADeviceThatGoesAwayIsTold) {

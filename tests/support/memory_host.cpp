@@ -125,6 +125,18 @@ std::string MemoryHost::GetINISection(std::string_view section, std::string_view
     return text;
 }
 
+void MemoryHost::SaveINISection(std::string_view section, const host::SettingsEntries& entries,
+                                std::string_view file) {
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        count_call(Operation::SaveIniSetting);
+    }
+    remove_section(section, file);
+    for (const auto& [key, value] : entries) {
+        put_setting(section, key, value, file);
+        saved_settings_.push_back(key + "=" + value);
+    }
+}
+
 void MemoryHost::Writelog(std::string_view type, std::string_view message) {
     count_call(Operation::Writelog);
     log_.push_back(std::string(type) + ": " + std::string(message));
@@ -215,6 +227,58 @@ void MemoryHost::RegisterEventCB(std::int32_t kind, host::EventListener& listene
 void MemoryHost::UnregisterEventCB(host::EventListener& listener) noexcept {
     events_.UnregisterEventCB(listener);
     std::erase(registrations_, &listener);
+}
+
+std::int32_t MemoryHost::EventCount() {
+    return static_cast<std::int32_t>(host_events_.size());
+}
+
+std::shared_ptr<host::HostEvent> MemoryHost::GetEvent(std::int32_t number) {
+    const auto index = static_cast<std::size_t>(number - 1);
+    return index < host_events_.size() ? host_events_[index] : nullptr;
+}
+
+std::int32_t MemoryHost::NewEvent(std::string_view name) {
+    (void)NewEventEx(name);
+    return EventCount();
+}
+
+std::shared_ptr<host::HostEvent> MemoryHost::NewEventEx(std::string_view name) {
+    return host_events_.emplace_back(std::make_shared<MemoryEvent>(name));
+}
+
+// A walk that is disturbed at most once.
+class MemoryHost::EventWalk final : public host::EventEnumerator {
+  public:
+    explicit EventWalk(MemoryHost& host) : host_(host) {}
+
+    [[nodiscard]] bool Finished() const override { return next_ > host_.EventCount(); }
+
+    [[nodiscard]] bool CountChanged() const override {
+        return host_.disturbed_at_ > 0 && next_ > host_.disturbed_at_;
+    }
+
+    std::shared_ptr<host::HostEvent> GetNext() override { return host_.GetEvent(next_++); }
+
+  private:
+    MemoryHost& host_;
+    std::int32_t next_ = 1;
+};
+
+std::unique_ptr<host::EventEnumerator> MemoryHost::GetEventEnumerator() {
+    ++event_walks_;
+    if (event_walks_ > 1) {
+        disturbed_at_ = 0;
+    }
+    return std::make_unique<EventWalk>(*this);
+}
+
+std::vector<host::EventFields> MemoryHost::events() const {
+    std::vector<host::EventFields> events;
+    for (const auto& event : host_events_) {
+        events.push_back(event->fields());
+    }
+    return events;
 }
 
 // --- callback object ----------------------------------------------------------------------------

@@ -18,6 +18,19 @@
 
 namespace support {
 
+// An event of the host that is only remembered.
+class MemoryEvent final : public host::HostEvent {
+  public:
+    explicit MemoryEvent(std::string_view name) { fields_.name = name; }
+
+    [[nodiscard]] host::EventFields fields() const override { return fields_; }
+
+    void set_fields(const host::EventFields& fields) override { fields_ = fields; }
+
+  private:
+    host::EventFields fields_;
+};
+
 // The host of tests, and its callback object in one: all in memory, and everything that is asked
 // of it can be read afterwards. A host of the newer generation unless `set_version` says otherwise.
 // Owned by the fixture, before the plug-in.
@@ -36,6 +49,12 @@ class MemoryHost final : public host::HostInterface, public host::CallbackObject
     void set_version(std::string_view version) { version_ = version; }
 
     void set_app_path(std::string_view path) { app_path_ = path; }
+
+    // The first walk over the events finds, once it has given `nth` of them, that their number has
+    // changed.
+    void disturb_event_walk(int nth) { disturbed_at_ = nth; }
+
+    [[nodiscard]] int event_walks() const noexcept { return event_walks_; }
 
     // Its telephone add-on; none at first.
     void install_phone(host::PhoneAddOn* phone) { phone_ = phone; }
@@ -128,6 +147,9 @@ class MemoryHost final : public host::HostInterface, public host::CallbackObject
     [[nodiscard]] home::DeviceRecord device(std::string_view code) const;
     [[nodiscard]] bool has_device(std::string_view code) const;
 
+    // Its events, the oldest first.
+    [[nodiscard]] std::vector<host::EventFields> events() const;
+
     // How many of its events somebody hears.
     [[nodiscard]] std::size_t event_registrations() const noexcept { return registrations_.size(); }
 
@@ -148,6 +170,9 @@ class MemoryHost final : public host::HostInterface, public host::CallbackObject
                         std::string_view file) override;
     [[nodiscard]] std::string GetINISection(std::string_view section,
                                             std::string_view file) override;
+    // A write of each entry in the sense of `fail`, made before any is kept.
+    void SaveINISection(std::string_view section, const host::SettingsEntries& entries,
+                        std::string_view file) override;
 
     void Writelog(std::string_view type, std::string_view message) override;
 
@@ -218,6 +243,12 @@ class MemoryHost final : public host::HostInterface, public host::CallbackObject
     void RegisterEventCB(std::int32_t kind, host::EventListener& listener) override;
     void UnregisterEventCB(host::EventListener& listener) noexcept override;
 
+    [[nodiscard]] std::int32_t EventCount() override;
+    [[nodiscard]] std::shared_ptr<host::HostEvent> GetEvent(std::int32_t number) override;
+    std::int32_t NewEvent(std::string_view name) override;
+    [[nodiscard]] std::unique_ptr<host::EventEnumerator> GetEventEnumerator() override;
+    std::shared_ptr<host::HostEvent> NewEventEx(std::string_view name) override;
+
     // --- host::CallbackObject -------------------------------------------------------------------
 
     [[nodiscard]] std::string type_name() const override { return type_name_; }
@@ -246,6 +277,8 @@ class MemoryHost final : public host::HostInterface, public host::CallbackObject
         automation::ErrorNumber error{};
     };
 
+    class EventWalk;
+
     using Section = std::vector<Entry>;
 
     static constexpr std::size_t kOperations = 3;
@@ -265,9 +298,12 @@ class MemoryHost final : public host::HostInterface, public host::CallbackObject
     home::DeviceTable devices_;
     home::EventBoard events_;
     std::vector<host::EventListener*> registrations_;
+    std::vector<std::shared_ptr<MemoryEvent>> host_events_;
     std::map<std::string, std::int32_t, std::less<>> x10_states_;
     std::array<Fault, kOperations> faults_{};
 
+    int disturbed_at_ = 0;  // 0: no walk is disturbed
+    int event_walks_ = 0;
     std::vector<std::string> log_;
     std::vector<std::string> x10_commands_;
     std::vector<std::string> menu_;

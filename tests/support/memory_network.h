@@ -125,6 +125,10 @@ class MemoryNetwork final : public host::Network {
 
     explicit MemoryNetwork(host::Pump& pump, std::string_view house = kHouse);
 
+    // The house at another address of the same network, such as that of its broadcasts.
+    MemoryNetwork(const MemoryNetwork& network, std::string_view address)
+        : house_(address), tcp_(network.tcp_), udp_(network.udp_) {}
+
     // --- the house ------------------------------------------------------------------------------
 
     [[nodiscard]] std::unique_ptr<host::TcpSocket> make_tcp_socket(

@@ -74,13 +74,15 @@ House::~House() {
     if (testing::Test::HasFailure() && daemon_ && daemon_->is_running()) {
         std::cerr << "--- log\n" << run({"log", "--home", home().string()}).out;
     }
+    xap_process_.reset();
     daemon_.reset();
 }
 
 // --- processes ----------------------------------------------------------------------------------
 
 void House::write_settings() const {
-    std::string host = "[Settings]\nsvrport=" + host_port_ + "\n[X10 Modules]\n";
+    std::string host = "[Settings]\nsvrport=" + host_port_ + "\n" + xap_ + "[Serial Ports]\n" +
+                       serial_ports_ + "[X10 Modules]\n";
     std::string plugin = "[Velora Utilities]\n";
     for (const auto& [key, value] : settings_) {
         plugin.append(key).append("=").append(value).append("\n");
@@ -91,7 +93,7 @@ void House::write_settings() const {
         const std::string ip = unit.address.substr(0, unit.address.find(':'));
         host += unit.power_device + "=../units/" + name + "\n";
         plugin += ip + "/" + unit.address + "=" + name + ",," + unit.power_device + "," +
-                  unit.motion_device + "," + slideshow_group_ + ",,\n";
+                  unit.motion_device + "," + slideshow_group_ + (wants_callers_ ? ",1,\n" : ",,\n");
     }
     folder_.write("home/Config/settings.ini", host);
     folder_.write("home/Config/zynVeloraUtilities.ini", plugin + more_settings_);
@@ -120,9 +122,22 @@ void House::start(const std::vector<std::string>& daemon_options) {
 
 void House::start_unit(const std::string& name) {
     HouseUnit& unit = units_.at(name);
-    unit.process =
-        spawn({"unit", "--name", name, "--listen", unit.address, "--jukebox", jukebox_port(),
-               "--state-dir", unit_folder(name).string(), "--boot-time", "1"});
+    std::vector<std::string> arguments{"unit",
+                                       "--name",
+                                       name,
+                                       "--listen",
+                                       unit.address,
+                                       "--jukebox",
+                                       jukebox_port(),
+                                       "--state-dir",
+                                       unit_folder(name).string(),
+                                       "--boot-time",
+                                       "1"};
+    if (wants_callers_) {
+        arguments.insert(arguments.end(), {"--client-of", "127.0.0.1:" + client_port_,
+                                           "--client-port", client_port_});
+    }
+    unit.process = spawn(arguments);
     wait_until_up(*unit.process);
 }
 
@@ -134,6 +149,11 @@ void House::start_daemon(const std::vector<std::string>& options) {
     arguments.insert(arguments.end(), options.begin(), options.end());
     daemon_ = spawn(arguments);
     wait_until_up(*daemon_);
+}
+
+void House::start_xap() {
+    xap_process_ = spawn({"xap", "--home", home().string()});
+    wait_until_up(*xap_process_);
 }
 
 std::unique_ptr<Process> House::spawn(const std::vector<std::string>& arguments,

@@ -47,11 +47,25 @@ class House {
     // The group of slides that all units show, in the place of none.
     void set_slideshow_group(int group) { slideshow_group_ = std::to_string(group); }
 
+    // All units run the client program and want callers.
+    void want_callers() { wants_callers_ = true; }
+
     // The port of the host's own web server, in the place of a free one.
     void take_host_port(const std::string& port) { host_port_ = port; }
 
     // Text behind all other settings.
     void append_settings(const std::string& lines) { more_settings_ += lines; }
+
+    // The units become a node of an xAP network at this port, as "zyn.zynVelora.<instance>".
+    void join_xap(const std::string& port, const std::string& instance) {
+        set("RunAsXapNode", "1");
+        xap_ = "[xAP]\nPort=" + port + "\nInstance=" + instance + "\nHeartbeatSeconds=1\n";
+    }
+
+    // The device of a serial port.
+    void map_serial_port(const std::string& number, const std::string& device) {
+        serial_ports_ += number + "=" + device + "\n";
+    }
 
     // A line in front of the list of units.
     void put_before_units(const std::string& line) { before_units_ += line; }
@@ -63,7 +77,12 @@ class House {
     void start_unit(const std::string& name);
     void start_daemon(const std::vector<std::string>& options = {});
 
+    // The separate program of the xAP network, beside a daemon that has been started.
+    void start_xap();
+
     [[nodiscard]] Process& daemon() { return *daemon_; }
+
+    [[nodiscard]] Process& xap() { return *xap_process_; }
 
     [[nodiscard]] Process& unit(const std::string& name) { return *units_.at(name).process; }
 
@@ -146,13 +165,17 @@ class House {
     std::vector<std::string> names_;
     std::map<std::string, std::string> settings_;
     std::string slideshow_group_ = "0";
+    bool wants_callers_ = false;
     std::string host_port_;
     std::string client_port_;
     std::string before_units_;
     std::string more_settings_;
+    std::string serial_ports_;
+    std::string xap_;
     int outputs_ = 0;
     std::map<std::string, HouseUnit> units_;
-    std::unique_ptr<Process> daemon_;  // ends before its units
+    std::unique_ptr<Process> daemon_;       // ends before its units
+    std::unique_ptr<Process> xap_process_;  // likewise
 };
 
 }  // namespace system_tests

@@ -75,8 +75,10 @@ class Client {
 // A unit that runs in a thread, with a state directory of its own.
 class RunningUnit {
   public:
-    RunningUnit()
-        : unit_({"hall", kUnitAddress + ":0", directory_.path(), std::chrono::seconds(0), 0}),
+    // With a client program where there is a daemon.
+    explicit RunningUnit(const std::string& daemon = {}, std::uint16_t client_port = 0)
+        : unit_({"hall", kUnitAddress + ":0", directory_.path(), std::chrono::seconds(0), 0, daemon,
+                 client_port}),
           thread_([this] { unit_.run(); }) {}
 
     ~RunningUnit() { stop(); }

@@ -11,6 +11,7 @@
 
 #include "automation/code_page.h"
 #include "automation/run_time_error.h"
+#include "home/folder_lock.h"
 #include "home/ini/ini_document.h"
 #include "home/ini/ini_lines.h"
 #include "home/system_failure.h"
@@ -137,18 +138,32 @@ std::string IniFiles::GetIniSetting(std::string_view section, std::string_view k
 void IniFiles::SaveIniSetting(std::string_view section, std::string_view key,
                               std::string_view value, std::string_view file) {
     check_texts(section, key, value);
+    change(file, [&](IniLines& lines) { lines.set(section, key, value); });
+}
+
+void IniFiles::SaveINISection(std::string_view section, const host::SettingsEntries& entries,
+                              std::string_view file) {
+    check_texts(section, "key", "");
+    for (const auto& [key, value] : entries) {
+        check_texts(section, key, value);
+    }
+    change(file, [&](IniLines& lines) { lines.replace_section(section, entries); });
+}
+
+void IniFiles::change(std::string_view file, const Change& change) {
     const fs::path path = path_of(file);
     if (path.empty()) {
         throw RunTimeError(ErrorNumber::BadFileName,
                            "No name of a settings file: '" + std::string(file) + "'");
     }
+    const FolderLock lock(folder_);
     const std::shared_ptr<const File> old = current(path);
     if (!old->failure.empty()) {
         // Writing would lose what only we cannot read.
         throw RunTimeError(ErrorNumber::DeviceIoError, std::string(file) + " " + old->failure);
     }
     IniLines lines = old->lines;
-    lines.set(section, key, value);
+    change(lines);
     const std::string content = lines.content();
     if (content == old->lines.content()) {
         return;

@@ -12,8 +12,12 @@
 
 namespace home {
 
+class IniLines;
+
 // The settings files of one folder. Owned by the host. A file is read when it is first asked for
 // and read anew when somebody else has changed it on disk; a name is found without regard to case.
+// Two programs may write the files of one folder: each write holds the folder's lock from the
+// reading to the renaming, so that none loses what the other has written.
 // A file that is well-formed UTF-8 is read and written so, any other as code page 1252.
 class IniFiles : public host::Settings {
   public:
@@ -41,8 +45,16 @@ class IniFiles : public host::Settings {
     [[nodiscard]] std::string GetINISection(std::string_view section,
                                             std::string_view file) override;
 
+    void SaveINISection(std::string_view section, const host::SettingsEntries& entries,
+                        std::string_view file) override;
+
   private:
     struct File;
+
+    // What a write does to a file's lines.
+    using Change = std::function<void(IniLines& lines)>;
+
+    void change(std::string_view file, const Change& change);
 
     [[nodiscard]] std::filesystem::path path_of(std::string_view file) const;
     std::shared_ptr<const File> current(const std::filesystem::path& path);

@@ -1,6 +1,7 @@
 #include "home/ini/ini_lines.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "automation/code_page.h"
@@ -142,16 +143,41 @@ void IniLines::set(std::string_view section, std::string_view key, std::string_v
         line->value = trimmed(value);
         return;
     }
-    std::size_t position = end_of_section(section);
-    if (position == 0 && !section.empty()) {
-        if (!lines_.empty()) {
-            insert(lines_.size(), "");
-        }
-        insert(lines_.size(), "[" + std::string(section) + "]");
-        position = lines_.size();
-    }
-    insert(position, std::string(key) + "=" + std::string(value));
+    insert(entries_position(section), std::string(key) + "=" + std::string(value));
     *this = IniLines(content());  // the new lines count from now on
+}
+
+void IniLines::replace_section(std::string_view section,
+                               const std::vector<std::pair<std::string, std::string>>& entries) {
+    const auto is_of_section = [&](const Line& line) {
+        return line.kind == Kind::Entry && equals_ignoring_case(line.section, section);
+    };
+    const auto first = std::ranges::find_if(lines_, is_of_section);
+    std::optional<std::size_t> position;
+    if (first != lines_.end()) {
+        position = static_cast<std::size_t>(first - lines_.begin());
+    } else if (entries.empty()) {
+        return;
+    }
+    std::erase_if(lines_, is_of_section);
+    std::size_t next = position ? *position : entries_position(section);
+    for (const auto& [key, value] : entries) {
+        insert(next++, key + "=" + value);
+    }
+    *this = IniLines(content());
+}
+
+// Where the next entry of a section goes; makes the section if it is not there.
+std::size_t IniLines::entries_position(std::string_view section) {
+    const std::size_t position = end_of_section(section);
+    if (position > 0 || section.empty()) {
+        return position;
+    }
+    if (!lines_.empty()) {
+        insert(lines_.size(), "");
+    }
+    insert(lines_.size(), "[" + std::string(section) + "]");
+    return lines_.size();
 }
 
 // Behind the section's last entry, or its header; 0 for a section that is not there.

@@ -5,6 +5,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "home/ini/ini_encoding.h"
@@ -37,6 +38,11 @@ class IniLines {
     // new section to the end. Takes texts of code page 1252.
     void set(std::string_view section, std::string_view key, std::string_view value);
 
+    // Makes these the only entries of a section, where its first one stood; comments stay where
+    // they are.
+    void replace_section(std::string_view section,
+                         const std::vector<std::pair<std::string, std::string>>& entries);
+
     // The file's new bytes.
     [[nodiscard]] std::string content() const;
 
@@ -65,6 +71,7 @@ class IniLines {
     void report(std::string text);
     [[nodiscard]] Line* find_entry(std::string_view section, std::string_view key);
     [[nodiscard]] std::size_t end_of_section(std::string_view section) const;
+    [[nodiscard]] std::size_t entries_position(std::string_view section);
     void insert(std::size_t position, std::string_view text);
 
     IniEncoding encoding_;

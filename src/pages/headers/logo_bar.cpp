@@ -36,12 +36,17 @@ std::string time_of_day(HostPage& page) {
     return automation::general_date(automation::date_time_of({}) + (moment - floor<days>(moment)));
 }
 
+// What the xAP network has told goes before what the host knows.
+std::string sun_word(HostPage& page, const std::string& told, std::string_view name) {
+    return told.empty() ? page.host_word(name) : told;
+}
+
 std::string sunrise(HostPage& page) {
-    return page.host_word("Sunrise");
+    return sun_word(page, page.instance().Sunrise, "Sunrise");
 }
 
 std::string sunset(HostPage& page) {
-    return page.host_word("Sunset");
+    return sun_word(page, page.instance().Sunset, "Sunset");
 }
 
 std::string temperature(HostPage& page) {

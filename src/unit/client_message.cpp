@@ -1,10 +1,8 @@
-#include "app/client_message.h"
+#include "unit/client_message.h"
 
-#include "app/text_table.h"
 #include "automation/code_page.h"
 
-namespace app {
-
+namespace unit {
 namespace {
 
 constexpr std::size_t kFirstField = 8;
@@ -15,7 +13,7 @@ constexpr char kCommand = 6;
 
 // A field ends at its first zero byte.
 std::string field(std::string_view bytes) {
-    return std::string(bytes.substr(0, bytes.find('\0')));
+    return automation::code_page_to_utf8(bytes.substr(0, bytes.find('\0')));
 }
 
 }  // namespace
@@ -28,7 +26,7 @@ std::optional<ClientMessage> parse_client_message(std::string_view datagram) {
     ClientMessage message;
     message.kind =
         datagram.front() == kCaller ? ClientMessage::Kind::Caller : ClientMessage::Kind::Command;
-    if (datagram.size() > kWholeDatagram) {  // where the long field ends cannot be known
+    if (datagram.size() > kWholeDatagram) {
         message.first = field(datagram.substr(kFirstField));
     } else {
         message.first = field(datagram.substr(kFirstField, kFieldSize));
@@ -37,10 +35,4 @@ std::optional<ClientMessage> parse_client_message(std::string_view datagram) {
     return message;
 }
 
-std::string text_of(const ClientMessage& message) {
-    const std::string word = message.kind == ClientMessage::Kind::Caller ? "caller " : "command";
-    return word + "  " + printable(automation::code_page_to_utf8(message.first)) + "  " +
-           printable(automation::code_page_to_utf8(message.second));
-}
-
-}  // namespace app
+}  // namespace unit
