@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "unit/whole_number.h"
+#include "automation/whole_number.h"
 
 namespace unit {
 namespace {
@@ -64,13 +64,13 @@ Effect beep(ApplianceState& state, std::string_view argument) {
     const std::string_view rest =
         std::string_view{plain}.substr(plain.size() < 2 ? plain.size() : 2);
     if (plain.starts_with("0 ")) {
-        if (const auto sound = whole_number(rest, 0, kHighestSound)) {
+        if (const auto sound = automation::whole_number(rest, 0, kHighestSound)) {
             state.last_sound = static_cast<int>(*sound);
             return Done{"Sound " + std::to_string(*sound)};
         }
     }
     if (plain.starts_with("4 ")) {
-        if (const auto percent = whole_number(rest, 0, kHighestPercent)) {
+        if (const auto percent = automation::whole_number(rest, 0, kHighestPercent)) {
             state.sounds_volume = static_cast<int>(*percent);
             return Done{"Sounds volume " + std::to_string(*percent)};
         }
@@ -79,7 +79,7 @@ Effect beep(ApplianceState& state, std::string_view argument) {
 }
 
 Effect set_volume(ApplianceState& state, std::string_view argument) {
-    const auto percent = whole_number(argument, 0, kHighestPercent);
+    const auto percent = automation::whole_number(argument, 0, kHighestPercent);
     if (!percent) {
         return std::nullopt;
     }

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "unit/whole_number.h"
+#include "automation/whole_number.h"
 
 namespace unit {
 namespace {
@@ -31,7 +31,8 @@ std::optional<Fault> parse_fault(std::string_view text) {
     if (!text.starts_with(kSlowPrefix)) {
         return std::nullopt;
     }
-    const auto delay = whole_number(text.substr(kSlowPrefix.size()), 1, kLongestDelay.count());
+    const auto delay =
+        automation::whole_number(text.substr(kSlowPrefix.size()), 1, kLongestDelay.count());
     if (!delay) {
         return std::nullopt;
     }

@@ -4,7 +4,7 @@
 #include <limits>
 #include <utility>
 
-#include "unit/whole_number.h"
+#include "automation/whole_number.h"
 
 namespace unit {
 namespace {
@@ -36,8 +36,8 @@ std::optional<std::size_t> content_length_of(std::string_view line) {
         !is_same_name(trimmed(line.substr(0, colon)), "content-length")) {
         return std::nullopt;
     }
-    const auto length =
-        whole_number(trimmed(line.substr(colon + 1)), 0, std::numeric_limits<std::int64_t>::max());
+    const auto length = automation::whole_number(trimmed(line.substr(colon + 1)), 0,
+                                                 std::numeric_limits<std::int64_t>::max());
     return length ? std::optional(static_cast<std::size_t>(*length)) : std::nullopt;
 }
 
@@ -48,7 +48,7 @@ std::optional<int> status_code_of(std::string_view line) {
         return std::nullopt;
     }
     const std::string_view rest = trimmed(line.substr(blank));
-    const auto code = whole_number(rest.substr(0, rest.find(' ')), 100, 999);
+    const auto code = automation::whole_number(rest.substr(0, rest.find(' ')), 100, 999);
     return code ? std::optional(static_cast<int>(*code)) : std::nullopt;
 }
 

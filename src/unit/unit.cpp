@@ -8,6 +8,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "automation/whole_number.h"
 #include "unit/appliance.h"
 #include "unit/client_program.h"
 #include "unit/connection.h"
@@ -16,7 +17,6 @@
 #include "unit/port_listener.h"
 #include "unit/tell_unit.h"
 #include "unit/unit_command.h"
-#include "unit/whole_number.h"
 
 namespace unit {
 namespace {
@@ -37,9 +37,10 @@ tcp::endpoint parse_address(const std::string& text) {
     }
     boost::system::error_code error;
     const auto address = asio::ip::make_address(host, error);
-    const auto port = colon == std::string::npos
-                          ? std::nullopt
-                          : whole_number(std::string_view{text}.substr(colon + 1), 0, kHighestPort);
+    const auto port =
+        colon == std::string::npos
+            ? std::nullopt
+            : automation::whole_number(std::string_view{text}.substr(colon + 1), 0, kHighestPort);
     if (error || !port) {
         throw std::runtime_error("not an address as IP:PORT: " + text);
     }

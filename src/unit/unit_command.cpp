@@ -3,7 +3,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "unit/whole_number.h"
+#include "automation/whole_number.h"
 
 namespace unit {
 namespace {
@@ -52,7 +52,7 @@ UnitCommand parse_unit_command(std::string_view line) {
     }
     if (command.starts_with(kBootPrefix)) {
         const auto seconds =
-            whole_number(command.substr(kBootPrefix.size()), 0, kLongestBoot.count());
+            automation::whole_number(command.substr(kBootPrefix.size()), 0, kLongestBoot.count());
         if (seconds) {
             return SetBootTime{std::chrono::seconds(*seconds)};
         }

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "unit/whole_number.h"
+#include "automation/whole_number.h"
 
 namespace unit {
 namespace {
@@ -46,7 +46,7 @@ std::optional<WebAddress> parse_web_address(std::string_view url) {
         return std::nullopt;
     }
     if (colon != std::string_view::npos) {
-        const auto port = whole_number(authority.substr(colon + 1), 1, kHighestPort);
+        const auto port = automation::whole_number(authority.substr(colon + 1), 1, kHighestPort);
         if (!port) {
             return std::nullopt;
         }

@@ -1,9 +1,9 @@
 #include "xapnet/heartbeat.h"
 
 #include "automation/code_page.h"
+#include "automation/whole_number.h"
 #include "xapnet/outgoing.h"
 #include "xapnet/uid.h"
-#include "xapnet/whole_number.h"
 #include "xapnet/wire_text.h"
 
 namespace xapnet {
@@ -19,7 +19,7 @@ constexpr std::int32_t kHighestPort = 65'535;
 std::optional<std::int32_t> number_in(const Block& header, std::string_view key,
                                       std::int32_t highest) {
     const std::string* text = header.find(key);
-    return text == nullptr ? std::nullopt : whole_number(*text, 1, highest);
+    return text == nullptr ? std::nullopt : automation::whole_number(*text, 1, highest);
 }
 
 std::optional<HeartbeatState> state_of(std::string_view message_class) {

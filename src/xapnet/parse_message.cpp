@@ -3,10 +3,10 @@
 #include <utility>
 
 #include "automation/code_page.h"
+#include "automation/whole_number.h"
 #include "xapnet/hexadecimal.h"
 #include "xapnet/message.h"
 #include "xapnet/uid.h"
-#include "xapnet/whole_number.h"
 #include "xapnet/wire_text.h"
 
 namespace xapnet {
@@ -200,7 +200,7 @@ class Parser {
         if (result) {
             return;
         }
-        result = whole_number(text, lowest, highest);
+        result = automation::whole_number(text, lowest, highest);
         if (!result) {
             fail(std::string("the ") + what + " is no number from " + std::to_string(lowest) +
                      " to " + std::to_string(highest) + ", but" + shown(text),

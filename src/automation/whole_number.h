@@ -1,17 +1,19 @@
 #pragma once
 
 #include <charconv>
-#include <cstdint>
+#include <concepts>
 #include <optional>
 #include <string_view>
+#include <type_traits>
 
-namespace unit {
+namespace automation {
 
 // A whole number from `lowest` to `highest`, written in digits alone; else nothing.
-[[nodiscard]] inline std::optional<std::int64_t> whole_number(std::string_view text,
-                                                              std::int64_t lowest,
-                                                              std::int64_t highest) {
-    std::int64_t number = 0;
+template <std::signed_integral Number>
+[[nodiscard]] std::optional<Number> whole_number(std::string_view text,
+                                                 std::type_identity_t<Number> lowest,
+                                                 Number highest) {
+    Number number = 0;
     const char* const end = text.data() + text.size();
     const auto [rest, error] = std::from_chars(text.data(), end, number);
     if (error != std::errc{} || rest != end || number < lowest || number > highest) {
@@ -20,4 +22,4 @@ namespace unit {
     return number;
 }
 
-}  // namespace unit
+}  // namespace automation
