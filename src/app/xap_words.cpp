@@ -52,12 +52,15 @@ XapBody xap_body_of(const std::vector<std::string>& words) {
     }
     XapBody body{.section = blocks.front().name, .data = {}};
     for (const auto& [key, value] : blocks.front().items) {
-        body.data += (body.data.empty() ? "" : std::string(1, '\0')) + key + '\1' + value;
+        if (!body.data.empty()) {
+            body.data += '\0';
+        }
+        body.data.append(key).append(1, '\1').append(value);
     }
     for (auto block = blocks.begin() + 1; block != blocks.end(); ++block) {
         body.data += "\n}\n" + block->name + "\n{";
         for (const auto& [key, value] : block->items) {
-            body.data += "\n" + key + "=" + value;
+            body.data.append("\n").append(key).append("=").append(value);
         }
     }
     return body;

@@ -170,7 +170,7 @@ void Filters::SaveFilterSettigs(const FormField& field) {
             const std::string event = field("FilterEvent" + number);
             tags.push_back(tag);
             if (filters.add(key, {.key = key, .tag = tag, .event = event})) {
-                entries.emplace_back(key, tag + ";" + event);
+                entries.emplace_back(key, std::string(tag).append(";").append(event));
             }
         }
         instance_.hs().SaveINISection(kReceived, entries, core::kSettingsFile);

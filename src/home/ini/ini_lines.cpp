@@ -162,7 +162,7 @@ void IniLines::replace_section(std::string_view section,
     std::erase_if(lines_, is_of_section);
     std::size_t next = position ? *position : entries_position(section);
     for (const auto& [key, value] : entries) {
-        insert(next++, key + "=" + value);
+        insert(next++, std::string(key).append("=").append(value));
     }
     *this = IniLines(content());
 }
