@@ -48,6 +48,8 @@ void add_phonebook_command(CLI::App& program, Run& run);
 void add_ring_command(CLI::App& program, Run& run);
 void add_events_command(CLI::App& program, Run& run);
 void add_event_command(CLI::App& program, Run& run);
+void add_setup_command(CLI::App& program, Run& run);
+void add_server_options_command(CLI::App& program, Run& run);
 
 // Lets a command take `least` to `most` words, also those that begin with a "-", as negative
 // numbers do; options that there are not are wrong usage all the same. `usage` tells them, and

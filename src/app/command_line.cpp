@@ -95,6 +95,8 @@ void add_commands(CLI::App& program, Run& run, const Words& words,
     add_xap_command(program, run, make_plugin);
     add_xap_send_command(program, run, words.verbatim);
     add_xap_monitor_command(program, run);
+    add_setup_command(program, run);
+    add_server_options_command(program, run);
     add_script_command(program, run, words.verbatim);
     add_unit_command(program, run);
     add_tell_unit_command(program, run);

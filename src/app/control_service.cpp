@@ -101,6 +101,7 @@ ControlService::ControlService(host::Plugin& plugin, home::EmbeddedHost& host)
       devices_(plugin, host),
       events_(host.event_engine()),
       phone_(plugin, host),
+      dialogs_(plugin),
       kinds_(make_kinds()) {}
 
 std::vector<ControlService::Kind> ControlService::make_kinds() {
@@ -126,6 +127,16 @@ std::vector<ControlService::Kind> ControlService::make_kinds() {
         {"phonebook", Waits::Never, [this](const Json&) { return phone_.phonebook(); }},
         {"look_up", Waits::Never, [this](const Json& r) { return phone_.look_up(r); }},
         {"ring", Waits::Perhaps, [this](const Json& r) { return phone_.ring(r); }},
+        {"setup", Waits::Perhaps, [this](const Json& r) { return dialogs_.setup(r); }},
+        {"setup_set", Waits::Never, [this](const Json& r) { return dialogs_.setup_set(r); }},
+        {"setup_press", Waits::Perhaps, [this](const Json& r) { return dialogs_.setup_press(r); }},
+        {"setup_ok", Waits::Perhaps, [this](const Json& r) { return dialogs_.setup_ok(r); }},
+        {"setup_cancel", Waits::Never, [this](const Json&) { return dialogs_.setup_cancel(); }},
+        {"server_open", Waits::Never, [this](const Json&) { return dialogs_.server_open(); }},
+        {"server_options", Waits::Never, [this](const Json&) { return dialogs_.server_options(); }},
+        {"server_debug", Waits::Never, [this](const Json& r) { return dialogs_.server_debug(r); }},
+        {"server_press", Waits::Perhaps,
+         [this](const Json& r) { return dialogs_.server_press(r); }},
     };
 }
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "app/device_requests.h"
+#include "app/dialog_requests.h"
 #include "app/event_requests.h"
 #include "app/json.h"
 #include "app/phone_requests.h"
@@ -83,6 +84,24 @@ class AnswerSink {
 //     {"do":"ring","number":"5035551234","name":"SMITH ANNA","line":1}
 //         {"done":"line 1"}
 //
+//     {"do":"setup"} or {"do":"setup","page":"Power"}: fills the setup dialog from the settings
+//         {"setup":{"labels":["Version 1.0.0"],"pages":["General"],"page":"General","controls":
+//         [{"page":"General","name":"aServerPort","index":0,"count":1,"kind":"text",
+//         "setting":"ServerPort","group":"","caption":"Server Port","text":"8080","value":false,
+//         "enabled":true,"enabled_by":"aTCPServerOption","choices":[]}]}}
+//     {"do":"setup_set","name":"aServerPort","index":0,"text":"8081"}; "1" and "0" for a check box
+//         {"done":"set"}
+//     {"do":"setup_press","button":"aPlay"}
+//         {"done":"aPlay"}
+//     {"do":"setup_ok"}, also with "controls":[{"name":...,"index":...,"text":...}] to set before
+//         {"done":"saved"}
+//     {"do":"setup_cancel"}
+//         {"done":"cancelled"}
+//     {"do":"server_options"}; {"do":"server_open"} shows it anew
+//         {"server_options":{"open":true,"box":"...","debug":false,"buttons":["cmdArray(0)"]}}
+//     {"do":"server_debug","value":true} or {"do":"server_press","button":"TestMessageButton"}
+//         the same as it is afterwards
+//
 // A request that cannot be carried out gets an "error". Owned by the daemon; knows no socket.
 class ControlService {
   public:
@@ -125,6 +144,7 @@ class ControlService {
     DeviceRequests devices_;
     EventRequests events_;
     PhoneRequests phone_;
+    DialogRequests dialogs_;
     std::vector<Kind> kinds_;
     int waiting_ = 0;  // requests that may wait and run, each on top of the one before
     std::vector<std::pair<std::shared_ptr<AnswerSink>, home::Subscription>> followers_;

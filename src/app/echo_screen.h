@@ -5,6 +5,8 @@
 #include <string>
 
 #include "app/json.h"
+#include "app/picture.h"
+#include "app/terminal_screen.h"
 
 namespace app {
 
@@ -20,10 +22,7 @@ struct ModemLine {
 class EchoScreen {
   public:
     // Throws: CommandFailure when standard output is no terminal that can be drawn on.
-    EchoScreen();
-    ~EchoScreen();
-    EchoScreen(const EchoScreen&) = delete;
-    EchoScreen& operator=(const EchoScreen&) = delete;
+    EchoScreen() = default;
 
     // Draws what the daemon says of the modem.
     void show(const Json& modem);
@@ -36,8 +35,10 @@ class EchoScreen {
 
   private:
     void draw_input() const;
+    void take_backspace();
 
-    std::wstring input_;
+    TerminalScreen screen_;
+    std::string input_;  // UTF-8
     bool with_line_end_ = true;
     bool is_closed_ = false;
 };

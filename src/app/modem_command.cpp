@@ -1,5 +1,3 @@
-#include <unistd.h>
-
 #include <CLI/CLI.hpp>
 #include <chrono>
 #include <fstream>
@@ -15,6 +13,7 @@
 #include "app/echo_screen.h"
 #include "app/modem_capture.h"
 #include "app/modem_player.h"
+#include "app/terminal_screen.h"
 
 namespace app {
 namespace {
@@ -102,7 +101,7 @@ void run_modem(const Options& options) {
     ControlClient client(chosen_home(options.home));
     if (options.send) {
         send(client, {*options.send, !options.without_line_end});
-    } else if (::isatty(STDOUT_FILENO) != 0 && ::isatty(STDIN_FILENO) != 0) {
+    } else if (is_at_terminal()) {
         watch_on_screen(client);
     } else {
         watch_in_lines(client);

@@ -12,6 +12,8 @@
 namespace host {
 
 class CallbackObject;
+class ServerDialog;
+class SetupDialog;
 class XapMessage;
 
 // What a person wants to know of one unit.
@@ -108,6 +110,11 @@ class Plugin {
     [[nodiscard]] virtual std::vector<PhonebookLine> phonebook() const { return {}; }
 
     [[nodiscard]] virtual std::string look_up_caller(const std::string& /*number*/) { return {}; }
+
+    // Its two dialogs, for a program that shows them; none in a plug-in, or in a role, without.
+    [[nodiscard]] virtual SetupDialog* setup_dialog() { return nullptr; }
+
+    [[nodiscard]] virtual ServerDialog* server_dialog() { return nullptr; }
 };
 
 }  // namespace host

@@ -43,6 +43,11 @@ struct Protection {
     // for a refresh, where the search would find it again for ever.
     bool tag_without_digits_is_passed_over = false;
 
+    // Texts of the setup dialog lose what would break their line of the settings file: control
+    // characters, double quotes, and in a unit's row the marks between its fields. Such a text
+    // would end the saving half-way, or come back as other fields.
+    bool settings_are_checked = false;
+
     [[nodiscard]] static constexpr Protection hardened() {
         return {.files_only_below_html = true,
                 .listener_outlives_overload = true,
@@ -53,7 +58,8 @@ struct Protection {
                 .broken_include_is_an_error = true,
                 .lost_modem_comes_back = true,
                 .recorded_values_are_saved = true,
-                .tag_without_digits_is_passed_over = true};
+                .tag_without_digits_is_passed_over = true,
+                .settings_are_checked = true};
     }
 };
 

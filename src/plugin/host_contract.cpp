@@ -1,5 +1,6 @@
 #include "host/desktop.h"
 #include "plugin/lifecycle.h"
+#include "plugin/menu.h"
 #include "plugin/script_interface.h"
 #include "plugin/subsystems.h"
 
@@ -20,6 +21,11 @@ std::string ScriptInterface::InitX10(std::int32_t port) {
 
 std::string ScriptInterface::InitIR(std::int32_t port) {
     return lifecycle_.InitIR(port);
+}
+
+// A shim leaves it to the program that does its work, and that has none to show.
+void ScriptInterface::ConfigIO() {
+    select_menu(parts_, "GUI Setup");
 }
 
 automation::Value ScriptInterface::LearnIR(const automation::Value& /*loc*/) {

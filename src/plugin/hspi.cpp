@@ -15,7 +15,11 @@ struct hspi::Parts {
         : subsystems(platform),
           timer_events(subsystems),
           lifecycle(subsystems, timer_events),
-          script_interface(std::make_shared<ScriptInterface>(subsystems, lifecycle)) {}
+          script_interface(std::make_shared<ScriptInterface>(subsystems, lifecycle)) {
+        subsystems.jukebox = [this](std::string_view command) {
+            script_interface->VeloraPhjukeEx(std::string(command));
+        };
+    }
 
     Subsystems subsystems;
     TimerEvents timer_events;
@@ -125,6 +129,15 @@ std::vector<host::PhonebookLine> hspi::phonebook() const {
 
 std::string hspi::look_up_caller(const std::string& number) {
     return parts_->subsystems.caller_id.phonebook().HSPAddressBookLookup(number, "");
+}
+
+host::SetupDialog* hspi::setup_dialog() {
+    return parts_->subsystems.instance.InstanceActive ? &parts_->subsystems.setup : nullptr;
+}
+
+host::ServerDialog* hspi::server_dialog() {
+    return parts_->subsystems.instance.InstanceActive ? &parts_->subsystems.server_options
+                                                      : nullptr;
 }
 
 }  // namespace plugin

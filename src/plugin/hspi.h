@@ -41,6 +41,8 @@ class hspi final : public host::Plugin {
     void modem_send(const std::string& text) override;
     [[nodiscard]] std::vector<host::PhonebookLine> phonebook() const override;
     [[nodiscard]] std::string look_up_caller(const std::string& number) override;
+    [[nodiscard]] host::SetupDialog* setup_dialog() override;
+    [[nodiscard]] host::ServerDialog* server_dialog() override;
 
   private:
     struct Parts;

@@ -82,6 +82,7 @@ void Lifecycle::RegisterCallback(host::CallbackObject& frm) {
     const bool runs_as_xap_node =
         !core::read_setting(instance, core::kSettingsSection, "RunAsXapNode", "").empty();
     instance.InstanceActive = !runs_as_xap_node || instance.XapHosted;
+    parts_.server_options.Form_Load();
     if (core::read_setting(instance, core::kSettingsSection, "inMenu", "1") != "0") {
         register_menus();
     }

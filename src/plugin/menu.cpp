@@ -50,6 +50,14 @@ void set_disabled(Subsystems& parts) {
     }
 }
 
+void open_setup(Subsystems& parts) {
+    parts.setup.Load();
+}
+
+void open_server_options(Subsystems& parts) {
+    parts.server_options.open();
+}
+
 void show_help(Subsystems& parts) {
     parts.instance.platform().desktop.start_browser(core::html_root(parts.instance) +
                                                     "\\Help\\zynVelora\\zynVelora_Readme.htm");
@@ -66,8 +74,10 @@ struct MenuAction {
     void (*action)(Subsystems& parts);
 };
 
-constexpr std::array<MenuAction, 9> kMenuActions{{
+constexpr std::array<MenuAction, 11> kMenuActions{{
     {"Browser", &browse_status_page},
+    {"GUI Setup", &open_setup},
+    {"Velora Server", &open_server_options},
     {"Start Slideshow", &start_slideshow},
     {"Stop Slideshow", &stop_slideshow},
     {"Modem Window", &open_modem_window},

@@ -136,6 +136,7 @@ class ScriptInterface final : public automation::TableObject {
     std::string Version();
     std::string InitX10(std::int32_t port);
     std::string InitIR(std::int32_t port);
+    void ConfigIO();
     automation::Value LearnIR(const automation::Value& loc);
     void ModifyActionUI(const std::shared_ptr<automation::Object>& controls);
     std::string ActionUIFormat(const std::string& Action);

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <memory>
+#include <string_view>
 
 #include "appliance/queue_timer.h"
 #include "appliance/timer_pools.h"
@@ -10,6 +12,8 @@
 #include "devices/actions.h"
 #include "devices/host_devices.h"
 #include "devices/status_board.h"
+#include "dialogs/server_options.h"
+#include "dialogs/velora_setup.h"
 #include "fleet/device_commands.h"
 #include "fleet/fleet.h"
 #include "fleet/supervision.h"
@@ -59,7 +63,10 @@ struct Subsystems {
           server_pages(slideshow_asp),
           web_server(instance, server_pages),
           settings({instance, host_devices, timer_pools, fleet, supervision, slideshow, page_engine,
-                    web_server, caller_id, [this] { return queue_timer.get(); }}) {}
+                    web_server, caller_id, [this] { return queue_timer.get(); }}),
+          setup({instance, fleet, [this] { settings.InitVeloraUtilities(); },
+                 [this](std::string_view command) { jukebox(command); }}),
+          server_options(udp_link) {}
 
     core::Instance instance;
     devices::StatusBoard status_board;
@@ -84,6 +91,11 @@ struct Subsystems {
     ServerPages server_pages;
     webserver::TCPServerModule web_server;
     VeloraUtilities settings;
+    dialogs::VeloraSetup setup;
+    dialogs::ServerOptions server_options;
+
+    // A command to the jukebox of every unit, which is an operation of the entry class's.
+    std::function<void(std::string_view command)> jukebox = [](std::string_view) {};
 
   private:
     [[nodiscard]] host::Timer* script_queue_timer() const {

@@ -84,7 +84,8 @@ INSTANTIATE_TEST_SUITE_P(
                "Nobody can do 'dance'; there are log, call, operations, status, devices, "
                "device, set, x10, menu, select, press, events, add_event, remove_event, "
                "run_event, enable_event, disable_event, modem, modem_send, phonebook, "
-               "look_up, ring")},
+               "look_up, ring, setup, setup_set, setup_press, setup_ok, setup_cancel, "
+               "server_open, server_options, server_debug, server_press")},
         {"NoOperation", R"({"do":"call"})", error(5, R"(The request wants a text \"operation\")")},
         {"ArgumentsNoArray", call("VeloraTag", R"("x")"),
          error(5, R"(The request wants an array \"arguments\")")},

@@ -63,6 +63,12 @@ class FakePlugin : public host::Plugin {
 
     [[nodiscard]] host::PluginStatus status() const override { return present; }
 
+    [[nodiscard]] host::SetupDialog* setup_dialog() override { return setup; }
+
+    [[nodiscard]] host::ServerDialog* server_dialog() override { return server; }
+
+    host::SetupDialog* setup = nullptr;
+    host::ServerDialog* server = nullptr;
     std::vector<std::string> calls;
     host::HostInterface* hs = nullptr;  // once registered
     host::PluginStatus present{.role = "normal", .flags = {}, .units = {}, .timers = {}};

@@ -95,9 +95,29 @@ class RecordingDesktop final : public host::Desktop {
 
     void start_browser(std::string_view address) override { pages_.emplace_back(address); }
 
+    // Somebody sits there and says yes, or no, to every question.
+    void will_answer(host::Answer answer) { answer_ = answer; }
+
+    [[nodiscard]] const std::vector<std::string>& questions() const noexcept { return questions_; }
+
+    // "script component"
+    [[nodiscard]] const std::vector<std::string>& downloads() const noexcept { return downloads_; }
+
+    [[nodiscard]] host::Answer question(std::string_view text) override {
+        questions_.emplace_back(text);
+        return answer_;
+    }
+
+    void download_component(std::string_view script, std::string_view component) override {
+        downloads_.push_back(std::string(script) + " " + std::string(component));
+    }
+
   private:
     std::vector<std::string> messages_;
     std::vector<std::string> pages_;
+    std::vector<std::string> questions_;
+    std::vector<std::string> downloads_;
+    host::Answer answer_ = host::Answer::No;
 };
 
 // One serial line that can be plugged in and out. What is written to it is kept.
