@@ -118,6 +118,11 @@ void DeviceTable::SetDeviceLastChange(std::string_view code, automation::DateTim
     }
 }
 
+automation::DateTime DeviceTable::DeviceLastChange(std::string_view code) {
+    const auto device = list_.find(code);
+    return device ? device->last_change.value_or(host::kNeverChanged) : host::kNeverChanged;
+}
+
 void DeviceTable::SetDeviceStatus(std::string_view code, std::int32_t status) {
     if (const auto device = list_.find(code)) {
         change(*device, {status, device->value, device->last_change});

@@ -161,6 +161,10 @@ void EmbeddedHost::SetDeviceLastChange(std::string_view code, automation::DateTi
     devices_.SetDeviceLastChange(code, when);
 }
 
+automation::DateTime EmbeddedHost::DeviceLastChange(std::string_view code) {
+    return devices_.DeviceLastChange(code);
+}
+
 void EmbeddedHost::SetDeviceStatus(std::string_view code, std::int32_t status) {
     devices_.SetDeviceStatus(code, status);
     x10_line_.note_status(code, status);

@@ -148,6 +148,7 @@ class EmbeddedHost : public host::HostInterface, public host::CallbackObject {
     void SetDeviceString(std::string_view code, std::string_view text) override;
     [[nodiscard]] std::string DeviceString(std::string_view code) override;
     void SetDeviceLastChange(std::string_view code, automation::DateTime when) override;
+    [[nodiscard]] automation::DateTime DeviceLastChange(std::string_view code) override;
     void SetDeviceStatus(std::string_view code, std::int32_t status) override;
     void SetDeviceStatusNoReport(std::string_view code, std::int32_t status,
                                  std::int32_t value) override;

@@ -49,6 +49,7 @@ std::span<const Member> HostObject::members() const {
         method<&H::SetDeviceStatus>("SetDeviceStatus", "code, status"),
         method<&H::DeviceValue>("DeviceValue", "code"),
         method<&H::SetDeviceValue>("SetDeviceValue", "code, value"),
+        method<&H::DeviceLastChange>("DeviceLastChange", "code"),
         method<&H::SetDeviceLastChange>("SetDeviceLastChange", "code, when"),
         method<&H::DeviceCount>("DeviceCount"),
         method<&H::DeviceExists>("DeviceExists", "code"),
@@ -121,6 +122,10 @@ std::int32_t HostObject::DeviceValue(const std::string& code) {
 
 void HostObject::SetDeviceValue(const std::string& code, std::int32_t value) {
     hs_.SetDeviceValue(code, value);
+}
+
+automation::Date HostObject::DeviceLastChange(const std::string& code) {
+    return automation::date_of(hs_.DeviceLastChange(code));
 }
 
 void HostObject::SetDeviceLastChange(const std::string& code, automation::Date when) {

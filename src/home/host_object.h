@@ -49,6 +49,7 @@ class HostObject final : public automation::TableObject {
     void SetDeviceStatus(const std::string& code, std::int32_t status);
     std::int32_t DeviceValue(const std::string& code);
     void SetDeviceValue(const std::string& code, std::int32_t value);
+    automation::Date DeviceLastChange(const std::string& code);
     void SetDeviceLastChange(const std::string& code, automation::Date when);
 
     // devices, as objects

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -55,8 +56,13 @@ class DeviceEnumerator {
     virtual std::shared_ptr<Device> GetNext() = 0;  // none at the end
 };
 
+// The moment of a device whose state has never changed: 30 December 1899, midnight.
+inline constexpr automation::DateTime kNeverChanged{
+    std::chrono::local_days{std::chrono::year{1899} / std::chrono::December / 30}};
+
 // The host's devices. A code is the house code character followed by the number: "A1", "[11".
-// Operations on the state of a code that no device has do nothing and read as 0 or "".
+// Operations on the state of a code that no device has do nothing and read as 0, "" or
+// `kNeverChanged`.
 class Devices {
   public:
     virtual ~Devices() = default;
@@ -80,6 +86,7 @@ class Devices {
     virtual void SetDeviceString(std::string_view code, std::string_view text) = 0;
     [[nodiscard]] virtual std::string DeviceString(std::string_view code) = 0;
     virtual void SetDeviceLastChange(std::string_view code, automation::DateTime when) = 0;
+    [[nodiscard]] virtual automation::DateTime DeviceLastChange(std::string_view code) = 0;
     virtual void SetDeviceStatus(std::string_view code, std::int32_t status) = 0;
     virtual void SetDeviceStatusNoReport(std::string_view code, std::int32_t status,
                                          std::int32_t value) = 0;

@@ -106,6 +106,7 @@ TEST_P(DeviceTableTest, StateGoesByCode) {
     using namespace std::chrono_literals;
     table.NewDevice("lamp", "A1");
     EXPECT_EQ(table.DeviceStatus("A1"), host::kStatusUnknown);
+    EXPECT_EQ(table.DeviceLastChange("A1"), host::kNeverChanged);
     const automation::DateTime when{5min};
     for (const char* code : {"A1", "A2"}) {
         table.SetDeviceStatus(code, host::kStatusOn);
@@ -116,7 +117,8 @@ TEST_P(DeviceTableTest, StateGoesByCode) {
     EXPECT_EQ(table.DeviceStatus("A1"), 2);
     EXPECT_EQ(table.DeviceValue("A1"), 4);
     EXPECT_EQ(table.DeviceString("A1"), "Awake");
-    EXPECT_EQ(table.snapshot().front().last_change, when);
+    EXPECT_EQ(table.DeviceLastChange("A1"), when);
+    EXPECT_EQ(table.DeviceLastChange("A2"), host::kNeverChanged);
     EXPECT_EQ(table.DeviceStatus("A2"), 0);
     EXPECT_EQ(table.DeviceValue("A2"), 0);
     EXPECT_EQ(table.DeviceString("A2"), "");

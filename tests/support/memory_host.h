@@ -217,6 +217,11 @@ class MemoryHost final : public host::HostInterface, public host::CallbackObject
     }
 
     void SetDeviceLastChange(std::string_view code, automation::DateTime when) override;
+
+    [[nodiscard]] automation::DateTime DeviceLastChange(std::string_view code) override {
+        return devices_.DeviceLastChange(code);
+    }
+
     void SetDeviceStatus(std::string_view code, std::int32_t status) override;
     void SetDeviceStatusNoReport(std::string_view code, std::int32_t status,
                                  std::int32_t value) override;
