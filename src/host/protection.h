@@ -48,6 +48,27 @@ struct Protection {
     // would end the saving half-way, or come back as other fields.
     bool settings_are_checked = false;
 
+    // The status page is made for this machine, the units and the networks of the setting
+    // `StatusNetworks` alone, where anybody may see and change the whole setup; others get the 404
+    // response.
+    bool status_only_for_the_house = false;
+
+    // A form of the status page that a page of another site has sent gets the 404 response, where
+    // any page that a browser of the house looks at could change the setup.
+    bool foreign_forms_are_refused = false;
+
+    // Texts that the status page shows lose their mark-up, where a quote ends a field and a script
+    // runs. What the plug-in writes as mark-up itself, the states of devices, stays.
+    bool page_values_are_escaped = false;
+
+    // A POST is put together from all packets that its length promises, in the time that they take
+    // to come, where a form of several packets loses the fields at the seams.
+    bool posts_are_gathered_whole = false;
+
+    // The fields of a form are split before they are decoded, where a "&" or "=" in a value cuts
+    // it.
+    bool form_values_keep_their_marks = false;
+
     [[nodiscard]] static constexpr Protection hardened() {
         return {.files_only_below_html = true,
                 .listener_outlives_overload = true,
@@ -59,7 +80,12 @@ struct Protection {
                 .lost_modem_comes_back = true,
                 .recorded_values_are_saved = true,
                 .tag_without_digits_is_passed_over = true,
-                .settings_are_checked = true};
+                .settings_are_checked = true,
+                .status_only_for_the_house = true,
+                .foreign_forms_are_refused = true,
+                .page_values_are_escaped = true,
+                .posts_are_gathered_whole = true,
+                .form_values_keep_their_marks = true};
     }
 };
 

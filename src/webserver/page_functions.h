@@ -9,8 +9,8 @@ class Request;
 class Response;
 
 // Makes the pages that the server generates itself. Implemented above this room; outlives the
-// server. Both members may pump and give the whole page, or nothing when there is no such page:
-// the request then goes to the host's web server.
+// server. Pages may pump, and are given whole, or not at all when there is no such page: the
+// request then goes to the host's web server.
 class PageFunctions {
   public:
     virtual ~PageFunctions() = default;
@@ -23,6 +23,9 @@ class PageFunctions {
     virtual std::optional<std::string> StatusPage(Request& /*request*/, Response& /*response*/) {
         return std::nullopt;
     }
+
+    // Whether the status page is made for who has sent this request; others get the 404 response.
+    [[nodiscard]] virtual bool admits_to_status(const Request& /*request*/) { return true; }
 };
 
 }  // namespace webserver

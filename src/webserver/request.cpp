@@ -41,8 +41,12 @@ std::size_t find_protocol(std::string_view packet, std::size_t start) {
 
 }  // namespace
 
-Request::Request(core::VeloraLog& log, TCPDebugLog& debug_log, std::string listener_address)
-    : log_(log), debug_log_(debug_log), listener_address_(std::move(listener_address)) {}
+Request::Request(core::VeloraLog& log, TCPDebugLog& debug_log, std::string listener_address,
+                 FormReading form_reading)
+    : log_(log),
+      debug_log_(debug_log),
+      listener_address_(std::move(listener_address)),
+      form_reading_(form_reading) {}
 
 void Request::ParsePage(const std::string& sData) {
     Landmarks found;
@@ -111,9 +115,30 @@ void Request::parse_body(std::string_view body) {
     if (method_ == "POST") {
         method_ = "POSTx";
     }
-    payload_ = Decode(without_line_ends(body));
+    const std::string coded = without_line_ends(body);
+    payload_ = Decode(coded);
     debug_log_.debug([] { return "AddPayload"; });
-    KeyValue(payload_, form_);
+    read_form(coded, payload_);
+}
+
+void Request::read_form(std::string_view coded, std::string_view plain) {
+    if (form_reading_ == FormReading::SplitFirst) {
+        split_form(coded);
+    } else {
+        KeyValue(plain, form_);
+    }
+}
+
+void Request::split_form(std::string_view coded) {
+    for (const std::string_view part : split(coded, "&")) {
+        const auto equals = part.find('=');
+        const std::string_view value =
+            equals == std::string_view::npos ? std::string_view() : part.substr(equals + 1);
+        if (!part.empty()) {
+            add_pair(decoded(part.substr(0, equals)), decoded(value), form_);
+        }
+    }
+    log_.clear_pending();
 }
 
 void Request::collect_headers() {
@@ -133,18 +158,22 @@ void Request::KeyValue(std::string_view text, ParameterCollection& collection) {
     }
     for (const std::string_view part : split(text, "&")) {
         const auto pieces = split(part, "=");
-        const std::string key(pieces[0]);
-        const std::string value(pieces.size() > 1 ? pieces[1] : std::string_view());
-        collection.add(key, {key, value});
-        core::ignoring_errors(
-            log_, [&] { debug_log_.debug([&] { return key_value_line(key, value); }); });
+        add_pair(std::string(pieces[0]),
+                 std::string(pieces.size() > 1 ? pieces[1] : std::string_view()), collection);
     }
     log_.clear_pending();
 }
 
+void Request::add_pair(const std::string& key, const std::string& value,
+                       ParameterCollection& collection) {
+    collection.add(key, {key, value});
+    core::ignoring_errors(log_,
+                          [&] { debug_log_.debug([&] { return key_value_line(key, value); }); });
+}
+
 void Request::AddPostData(const std::string& s) {
     debug_log_.debug([] { return "AddPostData "; });
-    KeyValue(Decode(s), form_);
+    read_form(s, Decode(s));
 }
 
 std::string Request::Decode(const std::string& s) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -18,6 +19,9 @@ class TCPDebugLog;
 
 using ParameterCollection = automation::KeyedCollection<KeyValuePair>;
 
+// What comes first with the fields of a form. Once decoded, a "&" or "=" of a value cuts it.
+enum class FormReading : std::uint8_t { DecodedFirst, SplitFirst };
+
 // One HTTP request, as its first packet tells it; scripts see it too. Made by the dispatcher for
 // one turn; a script that keeps it may use it as long as the server stands. The parser is
 // tolerant: what it cannot find stays empty, and no failure of it is ever told to the client.
@@ -26,7 +30,8 @@ class Request final : public automation::TableObject {
   public:
     // `listener_address` is the peer's address as the listener knows it, the REMOTE_ADDR of all
     // requests. Both logs outlive the request.
-    Request(core::VeloraLog& log, TCPDebugLog& debug_log, std::string listener_address);
+    Request(core::VeloraLog& log, TCPDebugLog& debug_log, std::string listener_address,
+            FormReading form_reading = FormReading::DecodedFirst);
 
     // --- what the dispatcher does ---------------------------------------------------------------
 
@@ -37,6 +42,9 @@ class Request final : public automation::TableObject {
     void AddPostData(const std::string& s);
 
     void set_remoteip(std::string address) { remote_ip_ = std::move(address); }
+
+    // The other end of the request's own connection; scripts and pages have REMOTE_ADDR alone.
+    [[nodiscard]] const std::string& remoteip() const noexcept { return remote_ip_; }
 
     // --- what pages ask -------------------------------------------------------------------------
 
@@ -91,6 +99,10 @@ class Request final : public automation::TableObject {
     void parse_body(std::string_view body);
     void collect_headers();
     void KeyValue(std::string_view text, ParameterCollection& collection);
+    void add_pair(const std::string& key, const std::string& value,
+                  ParameterCollection& collection);
+    void read_form(std::string_view coded, std::string_view plain);
+    void split_form(std::string_view coded);
     [[nodiscard]] std::string parameter(const ParameterCollection& collection,
                                         std::string_view collection_name,
                                         const std::string& key) const;
@@ -99,6 +111,7 @@ class Request final : public automation::TableObject {
     core::VeloraLog& log_;
     TCPDebugLog& debug_log_;
     std::string listener_address_;
+    FormReading form_reading_;
 
     ParameterCollection query_;
     ParameterCollection form_;
@@ -108,7 +121,7 @@ class Request final : public automation::TableObject {
     std::string payload_;
     std::string header_;
     std::string method_;
-    std::string remote_ip_;  // for later use; nothing reads it
+    std::string remote_ip_;
 };
 
 }  // namespace webserver

@@ -2,6 +2,9 @@
 
 #include <algorithm>
 
+#include "automation/code_page.h"
+#include "automation/convert.h"
+
 namespace webserver {
 namespace {
 
@@ -49,6 +52,25 @@ std::vector<std::string_view> split(std::string_view text, std::string_view deli
         }
         text.remove_prefix(end + delimiter.size());
     }
+}
+
+bool lacks_more_of_post(std::string_view text) {
+    constexpr std::size_t kLargest = 1 << 20;
+    constexpr std::string_view kLength = "\r\nContent-Length:";
+    if (!text.starts_with("POST ") || text.size() > kLargest) {
+        return false;
+    }
+    const auto header_end = text.find(kHeaderEnd);
+    if (header_end == std::string_view::npos) {
+        return true;
+    }
+    const std::string_view header = text.substr(0, header_end);
+    const auto length = automation::find_ignoring_case(header, kLength);
+    if (length == std::string_view::npos) {
+        return false;
+    }
+    const double promised = automation::numeric_prefix(header.substr(length + kLength.size()));
+    return static_cast<double>(text.size() - header_end - kHeaderEnd.size()) < promised;
 }
 
 std::string without_line_ends(std::string_view text) {

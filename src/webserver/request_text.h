@@ -19,6 +19,10 @@ inline constexpr std::string_view kHeaderEnd = "\r\n\r\n";
 [[nodiscard]] std::vector<std::string_view> split(std::string_view text,
                                                   std::string_view delimiter);
 
+// Whether a POST still lacks the end of its header, or of the body whose length it tells. Never for
+// other requests, without a length, and behind a megabyte.
+[[nodiscard]] bool lacks_more_of_post(std::string_view text);
+
 [[nodiscard]] std::string without_line_ends(std::string_view text);
 
 }  // namespace webserver

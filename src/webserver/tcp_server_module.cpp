@@ -1,9 +1,12 @@
 #include "webserver/tcp_server_module.h"
 
+#include <algorithm>
+#include <chrono>
 #include <utility>
 
 #include "automation/guarded.h"
 #include "webserver/failed_request.h"
+#include "webserver/request_text.h"
 #include "webserver/routing.h"
 
 namespace webserver {
@@ -38,14 +41,41 @@ void TCPServerModule::ProcessRequestQueue() {
 }
 
 void TCPServerModule::serve(const QueuedPacket& packet) {
-    const auto request = std::make_shared<Request>(instance_.log, server_.debug_log(),
-                                                   server_.Socket(0).RemoteHostIP());
+    const host::Protection& protection = instance_.platform().protection;
+    const auto request = std::make_shared<Request>(
+        instance_.log, server_.debug_log(), server_.Socket(0).RemoteHostIP(),
+        protection.form_values_keep_their_marks ? FormReading::SplitFirst
+                                                : FormReading::DecodedFirst);
     request->set_remoteip(server_.Socket(packet.socket).RemoteHostIP());
-    request->ParsePage(packet.packet);
+    request->ParsePage(protection.posts_are_gathered_whole ? whole_post(packet) : packet.packet);
     if (request->Method() == "POST") {
         gather_post_body(*request, packet.socket);
     }
     answer(request, packet.socket);
+}
+
+// The packet with those that follow it, as far as they come in time. Whoever sends slowly holds up
+// the requests behind, as a file does that goes out slowly.
+std::string TCPServerModule::whole_post(const QueuedPacket& first) {
+    constexpr std::chrono::seconds kLongestPause{2};
+    std::string post = first.packet;
+    while (lacks_more_of_post(post)) {
+        instance_.platform().pump.run_until(
+            [&] { return has_packet_of(first.socket) || !server_.is_connected(first.socket); },
+            kLongestPause);
+        if (!has_packet_of(first.socket)) {
+            break;
+        }
+        const auto next =
+            std::ranges::find(server_.RequestQueue(), first.socket, &QueuedPacket::socket);
+        post += next->packet;
+        server_.RequestQueue().erase(next);
+    }
+    return post;
+}
+
+bool TCPServerModule::has_packet_of(std::int16_t index) {
+    return std::ranges::count(server_.RequestQueue(), index, &QueuedPacket::socket) > 0;
 }
 
 // Takes the packets that stand next in the queue. As designed, a packet of another connection at
@@ -87,6 +117,10 @@ void TCPServerModule::answer(const std::shared_ptr<Request>& request, std::int16
             }
             break;
         case Destination::StatusPage:
+            if (!pages_.admits_to_status(*request)) {
+                response->SendErrorResponse(index);
+                return;
+            }
             if (answered_by_page(pages_.StatusPage(*request, *response), *response, index)) {
                 return;
             }

@@ -29,6 +29,8 @@ class TCPServerModule {
 
   private:
     void serve(const QueuedPacket& packet);
+    [[nodiscard]] std::string whole_post(const QueuedPacket& first);
+    [[nodiscard]] bool has_packet_of(std::int16_t index);
     void gather_post_body(Request& request, std::int16_t index);
     void answer(const std::shared_ptr<Request>& request, std::int16_t index);
     [[nodiscard]] bool answered_by_page(const std::optional<std::string>& page, Response& response,

@@ -97,5 +97,61 @@ TEST(EveryConnectionIsClosed, AboveTheGuardTimersToo) {
     EXPECT_THAT(house.log(), SizeIs(0));
 }
 
+TEST(PostsAreGatheredWhole, WhereverTheirPacketsEndAndWhoeverSendsBetweenThem) {
+    const std::string header = "POST /status HTTP/1.0\r\nContent-length: 17\r\n\r\n";
+    const std::string body = "first=%41&last=end";  // one more than is promised
+    for (const std::size_t cut : {5, 30, 44, 45, 46, 52, 56, 61}) {
+        ServerHouse house({.posts_are_gathered_whole = true});
+        house.start();
+        auto& post = house.connect();
+        auto& other = house.connect();
+        const std::string text = header + body.substr(0, 17);
+        post.send(text.substr(0, cut));
+        other.send(kStatusRequest);
+        house.after(600ms, [&] { post.send(text.substr(cut)); });
+        house.run_for(1s);
+        EXPECT_THAT(post.received(), EndsWith("status form [first=A][last=en] end")) << cut;
+        EXPECT_THAT(other.received(), EndsWith("status form  end")) << cut;
+    }
+}
+
+TEST(PostsAreGatheredWhole, WhatDoesNotComeIsNotWaitedForLong) {
+    ServerHouse house({.missing_body_ends_the_wait = true, .posts_are_gathered_whole = true});
+    house.start();
+    auto& post = house.connect();
+    auto& gone = house.connect();
+    post.send("POST /status HTTP/1.0\r\nContent-Length: 1E9\r\n\r\nkey=value");
+    gone.send("POST /status HTTP/1.0\r\nContent-Length: 50\r\n\r\n");
+    house.after(3s, [&] { gone.close(); });
+    house.run_for(10s);
+    EXPECT_THAT(post.received(), EndsWith("status form [key=value] end"));
+    EXPECT_THAT(house.exchange(std::string(kStatusRequest)), EndsWith(" end"));
+}
+
+TEST(FormValuesKeepTheirMarks, InOnePacketAndInMore) {
+    for (const bool is_protected : {false, true}) {
+        ServerHouse house({.form_values_keep_their_marks = is_protected});
+        house.start();
+        const std::string_view form = is_protected ? "status form [a=b=c&d][e==][f=][%=%] end"
+                                                   : "status form [a=b][d=][e=][f=][%=%][=] end";
+        const std::string body = "a=b%3Dc%26d&e=%3D&f&%25=%25&&a=2";
+        EXPECT_THAT(house.exchange("POST /status HTTP/1.0\r\n\r\n" + body), EndsWith(form));
+        auto& client = house.connect();
+        client.send("POST /status HTTP/1.0\r\n\r\n");
+        client.send(body);
+        house.run_for(1s);
+        EXPECT_THAT(client.received(), EndsWith(form));
+    }
+}
+
+TEST(StatusPage, WhoIsNotAdmittedGetsThe404Response) {
+    ServerHouse house;
+    house.start();
+    house.admits = [](const Request& request) { return request.remoteip().empty(); };
+    EXPECT_THAT(house.exchange(std::string(kStatusRequest)), HasSubstr("404 File Not Found"));
+    house.set_file("\\page.htm", "page");
+    EXPECT_THAT(house.exchange("GET /page.htm HTTP/1.0\r\n\r\n"), EndsWith("page"));
+}
+
 }  // namespace
 }  // namespace webserver

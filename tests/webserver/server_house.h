@@ -68,8 +68,13 @@ class ServerHouse : public PageFunctions {
     bool page_fails = false;
     std::function<void()> during_page;  // runs once
     std::function<void(Response&)> with_response;
+    std::function<bool(const Request&)> admits;  // everybody without one
 
     std::optional<std::string> StatusPage(Request& request, Response& response) override;
+
+    [[nodiscard]] bool admits_to_status(const Request& request) override {
+        return admits == nullptr || admits(request);
+    }
 
     // --- what can be seen -----------------------------------------------------------------------
 
