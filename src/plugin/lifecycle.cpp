@@ -138,6 +138,7 @@ void Lifecycle::start_up() {
     sync_with_host();
     parts_.xap_node.queue().clear();
     parts_.caller_id.echo().empty_boxes();
+    parts_.status_state.load(instance);
     parts_.host_devices.SetValueCallback();
     instance.log.VeloraWriteLog(core::kLogType, "Startup Initialization Complete");
     instance.StartupReady = true;

@@ -27,6 +27,9 @@
 #include "plugin/velora_utilities.h"
 #include "slideshow/slideshow.h"
 #include "slideshow/slideshow_asp.h"
+#include "status/status_asp.h"
+#include "status/status_state.h"
+#include "status/visitors.h"
 #include "udp/client_link.h"
 #include "webserver/tcp_server_module.h"
 #include "xap/node.h"
@@ -60,7 +63,10 @@ struct Subsystems {
           convert_asp(instance, page_engine, html_includes),
           slideshow(instance, fleet, [this] { return slideshow_timer(); }),
           slideshow_asp({instance, fleet, status_board, convert_asp, slideshow.lists()}),
-          server_pages(slideshow_asp),
+          status_asp({instance, fleet, host_devices, device_commands, host_page, html_includes,
+                      user_script, xap_node.filters(), xap_node.endpoints(), setup, status_state}),
+          status_visitors(instance, fleet),
+          server_pages(slideshow_asp, status_asp, status_visitors),
           web_server(instance, server_pages),
           settings({instance, host_devices, timer_pools, fleet, supervision, slideshow, page_engine,
                     web_server, caller_id, [this] { return queue_timer.get(); }}),
@@ -88,6 +94,9 @@ struct Subsystems {
     pages::ConvertASP convert_asp;
     slideshow::Slideshow slideshow;
     slideshow::SlideshowAsp slideshow_asp;
+    status::StatusState status_state;
+    status::StatusAsp status_asp;
+    status::Visitors status_visitors;
     ServerPages server_pages;
     webserver::TCPServerModule web_server;
     VeloraUtilities settings;
