@@ -91,6 +91,15 @@ TEST_F(Browser, ATextMessageStandsUnderTheLinksOfTheHouse) {
     expect_story("message", house_.server_port(), {page, "Dinner is ready"});
 }
 
+TEST_F(Browser, TheStatusPageShowsSwitchesAndSetsUpTheHouse) {
+    house_.set("MyOwnKey", "kept");
+    house_.put_before_units("; a comment of mine\n");
+    house_.start();
+    expect_story("status", house_.server_port(),
+                 {house_.unit_folder(kUnit) / "state.json",
+                  house_.home() / "Config" / "zynVeloraUtilities.ini"});
+}
+
 TEST_F(Browser, TheHouseHasAStartPage) {
     house_.start();
     expect_story("site", house_.host_port(), {kUnit});
