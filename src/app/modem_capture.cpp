@@ -66,7 +66,8 @@ std::vector<CaptureStep> parse_modem_capture(std::string_view text, const std::s
     for (int number = 1; !text.empty(); ++number) {
         const std::string_view line = take_line(text);
         const auto fail = [&](const std::string& what) {
-            throw CommandFailure((name + ", line ").append(std::to_string(number)).append(": ") + what);
+            throw CommandFailure((name + ", line ").append(std::to_string(number)).append(": ") +
+                                 what);
         };
         if (line.empty() || is_remark(line)) {
             continue;

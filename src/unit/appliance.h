@@ -47,8 +47,8 @@ class Appliance {
     // with "ok" or the fault.
     void take_music(const std::string& text);
 
-    // The client program has got a message: shows or does what it says, unless a fault keeps it from
-    // doing so.
+    // The client program has got a message: shows or does what it says, unless a fault keeps it
+    // from doing so.
     void take_client_message(const ClientMessage& message);
 
     void set_subscribed(bool is_subscribed);
