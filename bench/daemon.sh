@@ -1,6 +1,7 @@
 #!/bin/bash
-# Start-up time, memory and file serving of the daemon, each beside a reference of the same run:
-# the program's own --version, and lighttpd with the same file. Takes about ten seconds.
+# Start-up time, memory, file serving and status page of the daemon, each beside a reference of the
+# same run: the program's own --version, lighttpd with the same file, and a small file. Takes about
+# fifteen seconds.
 #
 #   bench/daemon.sh [PROGRAM]        PROGRAM is build/release/zynvelora without one
 #   ROUNDS=9 bench/daemon.sh         more rounds; figures are the best of them
@@ -88,7 +89,9 @@ make_home() {
     printf '%s\n' "[Velora Utilities]" "HomeseerIP=$address" "ServerPort=$1" "TCPServerOption=0" \
         "SleepMonitorInterval=0" "[Velora Names]" \
         "127.0.0.42/127.0.0.42:9=Kitchen,,,,0,0," "127.0.0.43/127.0.0.43:9=Hall,,,,0,0," \
-        "127.0.0.44/127.0.0.44:9=Bedroom,,,,0,0," >"$home/Config/zynVeloraUtilities.ini"
+        "127.0.0.44/127.0.0.44:9=Bedroom,,,,0,0," "[STATUS]" "ShowControl=True" "ShowSetup=True" \
+        >"$home/Config/zynVeloraUtilities.ini"
+    echo "<html></html>" >"$home/HTML/small.html"
     head -c "$((megabytes * 1000000))" /dev/urandom >"$home/HTML/big.wav"
 }
 
@@ -177,6 +180,28 @@ measure_serving() {
         "without the time to the first byte $(ratio "${best[lighttpd2]}" "${best[daemon2]}")"
 }
 
+# Prints the microseconds of so many loads of one page of the daemon, one after the other.
+loads() {
+    local count="$1" url="http://$address:$2/$3" began
+    local -a urls=()
+    while ((${#urls[@]} < count)); do
+        urls+=("$url")
+    done
+    began="$(microseconds)"
+    curl -sf --max-time 60 "${urls[@]}" >"$folder/pages" || fail "no $3"
+    echo $(($(microseconds) - began))
+}
+
+# The server takes 50 ms for each request by design; a small file shows them.
+measure_status_page() {
+    local count=40 page small
+    page="$(loads "$count" "$1" status)"
+    grep -q 'Velora Units Setup' "$folder/pages" || fail "no setup on the status page"
+    small="$(loads "$count" "$1" small.html)"
+    echo "status: page with setup   $((count * 1000000 / page)) a second," \
+        "a small file $((count * 1000000 / small)) a second, ratio $(ratio "$page" "$small")"
+}
+
 daemon_port="$(free_port)"
 make_home "$daemon_port"
 measure_start
@@ -186,3 +211,4 @@ lighttpd_port="$(free_port)"
 start_lighttpd "$lighttpd_port"
 measure_memory
 measure_serving "$daemon_port" "$lighttpd_port"
+measure_status_page "$daemon_port"

@@ -312,6 +312,21 @@ TEST_F(XapRoad, AFilteredMessageReachesTheUsersScript) {
         house.host.GetIniSetting("Device Messages", "hall.a.b", "", "zynVeloraUtilities.ini"), "1");
 }
 
+TEST_F(XapRoad, UnderProtectionRecordedValuesAreStoredEveryFiveMinutes) {
+    for (const bool is_protected : {false, true}) {
+        house.machine.protection.recorded_values_are_saved = is_protected;
+        house.host.put_setting("Received", std::string(kOther) + "~My.Class", "desk;");
+        house.host.put_setting("Devices", "desk", "");
+        start();
+        hear(FakeXapMessage(kOther, "My.Class").block("a", {"b=1"}));
+        house.run_for(5min);
+        EXPECT_EQ(house.host.GetINISection("Device Messages", "zynVeloraUtilities.ini").empty(),
+                  !is_protected);
+        house.plugin->ShutdownIO();
+        house.host.remove_section("Device Messages");
+    }
+}
+
 TEST_F(XapRoad, AnItemThatStandsTwiceKeepsAMessageFromBeingActedOn) {
     house.host.put_setting("Received", std::string(kOther) + "~tts.speak", "desk;1");
     house.host.put_setting("Devices", "desk", "");

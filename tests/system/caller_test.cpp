@@ -13,6 +13,7 @@
 #include <sstream>
 
 #include "system/house_process.h"
+#include "system/terminal_process.h"
 
 namespace system_tests {
 namespace {
@@ -139,6 +140,29 @@ TEST(CallerId, AModemThatIsPulledOutIsToldOfOnceAndReadAgainWhenItIsBack) {
         eventually([&] { return house.logged_calls().size() == 2; }, std::chrono::seconds(60)));
     EXPECT_THAT(house.logged_calls(), ElementsAre("555-1234 : FIRST", "555-9999 : SECOND"));
     EXPECT_EQ(modem->wait(), 0);
+}
+
+TEST(CallerId, TheEchoWindowShowsTheLineAndSendsToIt) {
+    constexpr const char* kF2 = "\x1BOQ";
+    constexpr const char* kEscape = "\x1B";
+    CallerHouse house;
+    house.map_serial_port("1", house.modem_path());
+    const auto modem = house.modem("@ 1000\nNMBR = 911\nNAME = SHOWN\n@ 30000\n");
+    const auto has_got = [&modem](const std::string& bytes) {
+        return eventually(
+            [&] { return modem->out().find("program  " + bytes + "\n") != std::string::npos; });
+    };
+    house.start();
+    TerminalProcess window({"modem", "--home", house.home().string()});
+    EXPECT_TRUE(window.shows("the port is open"));
+    EXPECT_TRUE(window.shows("NAME = SHOWN"));
+    window.type("ATI3\r");
+    EXPECT_TRUE(has_got("ATI3\\r\\n"));
+    window.type(kF2);
+    window.type("+++\r");
+    EXPECT_TRUE(has_got("+++"));
+    window.type(kEscape);
+    EXPECT_EQ(window.wait(), 0);
 }
 
 // Sends datagrams to the daemon's port for clients as fast as the machine takes them, until told.
