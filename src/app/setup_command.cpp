@@ -134,7 +134,7 @@ void run_server_options(const Options& options) {
         return;
     }
     const Json shown = options.button.empty()
-                           ? ask(client, {{"do", "server_options"}}).at("server_options")
+                           ? ask(client, {{"do", "server_open"}}).at("server_options")
                            : press_server_button(client, options.button);
     std::cout << printable_lines(shown.at("box").get<std::string>());
 }

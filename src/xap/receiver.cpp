@@ -152,18 +152,18 @@ void Receiver::on_button(const host::XapMessage& message) {
 
 void Receiver::UpdateDeviceStatus(std::string_view device, std::string_view state) {
     guarded(services_.instance.log, "UpdateDeviceStatus ", [&] {
-        const auto& table = services_.fleet.table();
-        const bool is_known = std::ranges::any_of(table, [&](const fleet::Appliance& appliance) {
-            return automation::equals_ignoring_case(appliance.VeloraPowerDevice, device) ||
-                   automation::equals_ignoring_case(appliance.VeloraMotionDevice, device);
-        });
-        if (!is_known || device.empty()) {
+        const std::string code = automation::to_upper(device);
+        const auto is_switch_of = [&code](const fleet::Appliance& appliance) {
+            return automation::to_upper(appliance.VeloraPowerDevice) == code ||
+                   automation::to_upper(appliance.VeloraMotionDevice) == code;
+        };
+        if (code.empty() || std::ranges::none_of(services_.fleet.table(), is_switch_of)) {
             return;
         }
         const bool is_on = automation::equals_ignoring_case(state, "on");
         host::HostInterface& hs = services_.instance.hs();
-        hs.SetDeviceStatusNoReport(device, is_on ? host::kStatusOn : host::kStatusOff, 0);
-        hs.SetDeviceString(device, services_.status_board.FormatString(is_on ? "ON" : "OFF"));
+        hs.SetDeviceStatusNoReport(code, is_on ? host::kStatusOn : host::kStatusOff, 0);
+        hs.SetDeviceString(code, services_.status_board.FormatString(is_on ? "ON" : "OFF"));
     });
 }
 

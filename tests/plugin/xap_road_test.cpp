@@ -291,7 +291,7 @@ TEST_F(XapRoad, X10EventsShowOnPowerAndMotionDevices) {
     hear(FakeXapMessage(kOther, "xap-x10.EVENT")
              .block("xAP-X10.event", {"device=a1,B2,C3", "event=On"}));
     EXPECT_THAT(house.host.device_calls(),
-                ElementsAre("SetDeviceStatusNoReport a1 2 0", HasSubstr("SetDeviceString a1"),
+                ElementsAre("SetDeviceStatusNoReport A1 2 0", HasSubstr("SetDeviceString A1"),
                             "SetDeviceStatusNoReport B2 2 0", HasSubstr("SetDeviceString B2")));
 }
 
