@@ -4,6 +4,8 @@
 #   ./test.sh          format of all sources, release build, all tests
 #   ./test.sh --all    beside that clang-tidy, and the tests under the address and
 #                      undefined-behaviour sanitizers
+#   ./test.sh --package    builds the Debian package, and installs and runs it in a clean root,
+#                          as root; nothing else
 set -euo pipefail
 cd "$(dirname "$0")"
 # shellcheck source=scripts/packages.sh
@@ -28,7 +30,20 @@ run_tests() {
     ctest --preset "$1"
 }
 
+test_package() {
+    say "Building the Debian package"
+    cmake --preset package >/dev/null
+    cmake --build --preset package --parallel
+    cpack --preset package
+    tests/package/install.sh build/package/zynvelora_*.deb
+}
+
 say "Installing packages that are missing"
+if [ "${1-}" = --package ]; then
+    install_packages "${ZYN_PACKAGES[@]}" "${ZYN_PACKAGING_PACKAGES[@]}"
+    test_package
+    exit
+fi
 install_packages "${ZYN_PACKAGES[@]}" "${ZYN_CHECK_PACKAGES[@]}"
 say "Installing what the tests in a browser need"
 npm --prefix tests/browser ci --loglevel=error

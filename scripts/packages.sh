@@ -22,6 +22,12 @@ if ! command -v npm >/dev/null; then
     ZYN_CHECK_PACKAGES+=(npm)
 fi
 
+# What ./test.sh --package needs beside ZYN_PACKAGES.
+# shellcheck disable=SC2034
+ZYN_PACKAGING_PACKAGES=(
+    debootstrap dpkg-dev
+)
+
 # What ./fuzz.sh needs beside ZYN_PACKAGES.
 # shellcheck disable=SC2034
 ZYN_FUZZ_PACKAGES=(

@@ -1,6 +1,7 @@
 #include "app/daemon.h"
 
 #include <csignal>
+#include <cstdlib>
 #include <utility>
 
 #include "app/home_path.h"
@@ -114,7 +115,8 @@ Daemon::Daemon(const DaemonOptions& options, const PluginFactory& make_plugin)
           [this](const std::filesystem::path& unit, const std::string& command,
                  const std::string& occasion) { messenger_.tell(unit, command, occasion); }),
       plugin_(make_plugin(platform(options.protection))),
-      service_(*plugin_, host_) {
+      service_(*plugin_, host_),
+      service_manager_(std::getenv("NOTIFY_SOCKET")) {
     wire_host();
     if (program_ == HomeProgram::XapNode) {
         open_xap();
@@ -203,6 +205,7 @@ void Daemon::run(const std::function<void()>& when_up) {
     const AtTheEnd last_step([this] { shut_down(); });
     try {
         start();
+        tell_service_manager();
         when_up();
         serve();
     } catch (const host::PumpStopped&) {
@@ -217,6 +220,17 @@ void Daemon::on_signal() {
     pump_.stop();
     std::signal(SIGINT, SIG_DFL);
     std::signal(SIGTERM, SIG_DFL);
+}
+
+// The signs of life come from the pump, so that a pump that no longer turns gives none.
+void Daemon::tell_service_manager() {
+    service_manager_.is_ready();
+    if (const auto interval = platform::ServiceManager::alive_interval(
+            std::getenv("WATCHDOG_USEC"), std::getenv("WATCHDOG_PID"))) {
+        sign_of_life_ = pump_.make_timer([this] { service_manager_.is_alive(); });
+        sign_of_life_->set_interval(*interval);
+        sign_of_life_->set_enabled(true);
+    }
 }
 
 void Daemon::start() {
@@ -267,6 +281,7 @@ void Daemon::serve() {
 }
 
 void Daemon::shut_down() {
+    service_manager_.is_stopping();
     control_socket_.reset();
     host_web_server_.reset();
     try {

@@ -28,6 +28,7 @@
 #include "platform/gd/gd_image_resizer.h"
 #include "platform/system/disk_files.h"
 #include "platform/system/log_desktop.h"
+#include "platform/system/service_manager.h"
 #include "platform/system/system_clock.h"
 #include "platform/system/system_random.h"
 #include "vbscript/control/script_control.h"
@@ -78,6 +79,7 @@ class Daemon {
     void log_xap(xapnet::LogLevel level, std::string_view line);
     void on_signal();
     void start();
+    void tell_service_manager();
     void serve();
     void shut_down();
     void log_error(const std::string& text);
@@ -108,6 +110,8 @@ class Daemon {
     std::optional<XapTransport> xap_;                      // in xAP's program
     std::optional<platform::HttpServer> host_web_server_;  // once the plug-in is up
     std::optional<ControlSocket> control_socket_;          // likewise
+    platform::ServiceManager service_manager_;
+    std::unique_ptr<host::Timer> sign_of_life_;  // where a watchdog wants one
     bool stopping_ = false;
 };
 
