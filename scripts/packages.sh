@@ -28,6 +28,12 @@ ZYN_PACKAGING_PACKAGES=(
     debootstrap dpkg-dev
 )
 
+# What ./bench.sh needs beside ZYN_PACKAGES: the library, and the references.
+# shellcheck disable=SC2034
+ZYN_BENCH_PACKAGES=(
+    libbenchmark-dev curl jq lighttpd procps hyperfine lua5.4 imagemagick
+)
+
 # What ./fuzz.sh needs beside ZYN_PACKAGES.
 # shellcheck disable=SC2034
 ZYN_FUZZ_PACKAGES=(
