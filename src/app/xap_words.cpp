@@ -5,6 +5,7 @@
 
 #include "app/control_client.h"
 #include "automation/code_page.h"
+#include "host/xap_message.h"
 
 namespace app {
 namespace {
@@ -53,9 +54,9 @@ XapBody xap_body_of(const std::vector<std::string>& words) {
     XapBody body{.section = blocks.front().name, .data = {}};
     for (const auto& [key, value] : blocks.front().items) {
         if (!body.data.empty()) {
-            body.data += '\0';
+            body.data += host::kXapPairEnd;
         }
-        body.data.append(key).append(1, '\1').append(value);
+        body.data.append(key).append(1, host::kXapKeyEnd).append(value);
     }
     for (auto block = blocks.begin() + 1; block != blocks.end(); ++block) {
         body.data += "\n}\n" + block->name + "\n{";

@@ -4,11 +4,9 @@
 #include <string>
 #include <string_view>
 
-namespace core {
+#include "host/xap_message.h"
 
-// Ends a key and a pair in the body of an outgoing xAP message, as the transport takes it.
-inline constexpr char kXapKeyEnd = '\x01';
-inline constexpr char kXapPairEnd = '\x00';
+namespace core {
 
 struct XapPair {
     std::string_view key;
@@ -20,10 +18,10 @@ struct XapPair {
     std::string body;
     for (const XapPair& pair : pairs) {
         if (!body.empty()) {
-            body += kXapPairEnd;
+            body += host::kXapPairEnd;
         }
         body += pair.key;
-        body += kXapKeyEnd;
+        body += host::kXapKeyEnd;
         body += pair.value;
     }
     return body;

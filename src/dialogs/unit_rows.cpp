@@ -8,6 +8,7 @@
 #include "core/instance.h"
 #include "dialogs/setup_controls.h"
 #include "dialogs/stored_text.h"
+#include "fleet/names_section.h"
 #include "host/host_interface.h"
 
 // A line is `ip/computer="name,dc,power,motion,enableSlideshow,doCID,x10server"`; only the name is
@@ -16,20 +17,12 @@ namespace dialogs {
 
 namespace {
 
-using automation::replace_all;
 using automation::split;
+using fleet::kNamesSection;
+using fleet::restore_brackets;
+using fleet::store_brackets;
 
-constexpr std::string_view kNamesSection = "Velora Names";
 constexpr std::size_t kFields = 7;
-
-// "[" and "]" open and close sections of the file, and are stored as "~1" and "~2".
-std::string restore_brackets(std::string_view text) {
-    return replace_all(replace_all(text, "~1", "["), "~2", "]");
-}
-
-std::string store_brackets(std::string_view text) {
-    return replace_all(replace_all(text, "[", "~1"), "]", "~2");
-}
 
 std::string raw_key(std::string_view line) {
     return std::string(line.substr(0, line.find('=')));

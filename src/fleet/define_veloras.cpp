@@ -9,6 +9,7 @@
 #include "automation/strings.h"
 #include "devices/host_devices.h"
 #include "fleet/fleet.h"
+#include "fleet/names_section.h"
 #include "host/host_interface.h"
 
 // From the section "Velora Names" to units and blocks of device numbers.
@@ -20,21 +21,10 @@ namespace fleet {
 namespace {
 
 using automation::guarded;
-using automation::replace_all;
 using automation::split;
 
-constexpr std::string_view kNamesSection = "Velora Names";
 constexpr int kDevicesPerUnit = 10;
 constexpr int kHighestDeviceNumber = 63;
-
-// "[" and "]" open and close sections of the file, and are stored as "~1" and "~2".
-std::string restore_brackets(std::string_view text) {
-    return replace_all(replace_all(text, "~1", "["), "~2", "]");
-}
-
-std::string store_brackets(std::string_view text) {
-    return replace_all(replace_all(text, "[", "~1"), "]", "~2");
-}
 
 std::int16_t slide_group(const std::string& field) {
     const auto number = automation::parse_number(field);
@@ -74,7 +64,7 @@ void Fleet::DefineVeloras() {
             appliance.VeloraActive = false;
         }
         power_device_list_.clear();
-        const std::string section = names_section();
+        const std::string section = names_section(services_.instance);
         if (section.empty()) {
             table_.front().VeloraDC.clear();
             settle(table_.front(), numbers);
@@ -86,11 +76,6 @@ void Fleet::DefineVeloras() {
         build_silent_list();
         remove_unused_devices(numbers);
     });
-}
-
-std::string Fleet::names_section() const {
-    return restore_brackets(core::without_quotes(
-        services_.instance.hs().GetINISection(kNamesSection, core::kSettingsFile)));
 }
 
 std::vector<Fleet::NameLine> Fleet::lines_of(const std::string& section) {

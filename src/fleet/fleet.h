@@ -87,7 +87,6 @@ class Fleet {
     class DeviceNumbers;
     struct NameLine;
 
-    [[nodiscard]] std::string names_section() const;
     [[nodiscard]] static std::vector<NameLine> lines_of(const std::string& section);
     Appliance& slot_for(const NameLine& line);
     void take_line(const NameLine& line, DeviceNumbers& numbers);

@@ -10,6 +10,10 @@ namespace host {
 // Stands for a block or key that is not there; a value of this text cannot be told from it.
 inline constexpr std::string_view kXapUnknown = "Unknown";
 
+// Ends a key and a pair in the body of an outgoing message, as the callback object takes it.
+inline constexpr char kXapKeyEnd = '\x01';
+inline constexpr char kXapPairEnd = '\x00';
+
 // One received message of an xAP network (xAP 1.2), as the transport hands it over. Texts are in
 // code page 1252 and keep the case that came. Owned by the transport; valid during the call.
 class XapMessage {

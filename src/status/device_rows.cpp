@@ -11,6 +11,7 @@
 #include "automation/strings.h"
 #include "devices/host_devices.h"
 #include "devices/status_table.h"
+#include "fleet/names_section.h"
 #include "host/clock.h"
 #include "host/host_interface.h"
 #include "status/control_name.h"
@@ -71,14 +72,6 @@ std::string sort_code(const std::string& code) {
     constexpr std::size_t kDigits = 2;
     const std::string padded = "0" + code.substr(1);
     return code.substr(0, 1) + padded.substr(padded.size() - std::min(kDigits, padded.size()));
-}
-
-// --- lines of the settings ----------------------------------------------------------------------
-
-std::string names_section(const core::Instance& instance) {
-    const std::string text =
-        core::without_quotes(instance.hs().GetINISection("Velora Names", core::kSettingsFile));
-    return automation::replace_all(automation::replace_all(text, "~1", "["), "~2", "]");
 }
 
 std::string caption_of(std::string_view entry) {
@@ -164,7 +157,7 @@ void DeviceRows::add_unit(std::string_view location, std::string_view value,
 
 DeviceRecordset DeviceRows::all_devices() {
     DeviceRecordset recordset;
-    for (const std::string& line : split(names_section(instance_), '\0')) {
+    for (const std::string& line : split(fleet::names_section(instance_), '\0')) {
         const std::vector<std::string> parts = split(line, '=');
         if (parts.size() == 2 && !parts[0].empty() && !parts[1].empty()) {
             add_unit(parts[0], parts[1], recordset);

@@ -7,6 +7,7 @@
 #include "automation/guarded.h"
 #include "host/clock.h"
 #include "status/device_rows.h"
+#include "status/setup_fields.h"
 #include "xap/filters.h"
 
 namespace status {
@@ -29,10 +30,6 @@ constexpr std::string_view kQuery =
     "<form name='redraw' method='post'>"
     "<input type='submit' name='query' value='Query Velora'>"
     "<input type='hidden' name='clientinput' value='yes'></form>";
-
-std::string numbered(std::string_view name, std::size_t number) {
-    return std::string(name) + std::to_string(number);
-}
 
 }  // namespace
 

@@ -1,5 +1,6 @@
 #include "status/page_text.h"
 
+#include "automation/html.h"
 #include "pages/html_includes.h"
 
 namespace status {
@@ -7,37 +8,6 @@ namespace status {
 namespace {
 
 constexpr std::string_view kTable = "<Table width='600' border='5' frame='box'><tr>";
-
-// What a character is written as, "" for one that stands for itself.
-constexpr std::string_view entity(char character) noexcept {
-    switch (character) {
-        case '&':
-            return "&amp;";
-        case '<':
-            return "&lt;";
-        case '>':
-            return "&gt;";
-        case '"':
-            return "&quot;";
-        case '\'':
-            return "&#39;";
-        default:
-            return {};
-    }
-}
-
-std::string escaped(std::string_view text) {
-    std::string result;
-    result.reserve(text.size());
-    for (const char character : text) {
-        if (const std::string_view name = entity(character); name.empty()) {
-            result += character;
-        } else {
-            result += name;
-        }
-    }
-    return result;
-}
 
 // Each piece in turn, in one text.
 template <typename... Pieces>
@@ -82,8 +52,9 @@ void PageText::end_table() {
 }
 
 std::string PageText::value(std::string_view text) const {
-    return instance_.platform().protection.page_values_are_escaped ? escaped(text)
-                                                                   : std::string(text);
+    return instance_.platform().protection.page_values_are_escaped
+               ? automation::html_encoded(text, automation::Apostrophe::Escape)
+               : std::string(text);
 }
 
 std::string PageText::text_field(std::string_view name, std::string_view text, int size) const {

@@ -35,6 +35,11 @@ struct SetupField {
     }
 };
 
+// "IP3": the name of a field or control array with a place behind it.
+[[nodiscard]] inline std::string numbered(std::string_view name, std::size_t number) {
+    return std::string(name) + std::to_string(number);
+}
+
 struct SetupGroup {
     std::string_view title;
     std::span<const SetupField> fields;
@@ -209,7 +214,6 @@ inline constexpr SetupSection kCallers{"CID", "AddCID", "UpdateCID", kCallerGrou
 
 // --- units: one row of fields for each ----------------------------------------------------------
 
-inline constexpr std::size_t kUnitRows = 9;
 inline constexpr std::size_t kFirstOption = 1;  // "Option1" belongs to row 0
 
 // A field whose name ends in the number of its row.
@@ -236,12 +240,7 @@ inline constexpr auto kUnitFields = std::to_array<UnitField>({
 inline constexpr UnitField kX10Server{"xAP Target Address for X10 Power", FieldKind::Text,
                                       "X10Server", "aX10Server", 45};
 
-inline constexpr std::array<std::string_view, 4> kSlideGroups{"None", "1", "2", "3"};
-
 // --- slide groups -------------------------------------------------------------------------------
-
-inline constexpr std::size_t kSlideGroupCount = 3;
-inline constexpr std::size_t kSlidesInGroup = 5;
 
 inline constexpr UnitField kSlideFile{"", FieldKind::Text, "SlideASP", "aSlideASP", 80};
 inline constexpr UnitField kSlideDwell{"Secs", FieldKind::Text, "Dwell", "aDwell", 3};

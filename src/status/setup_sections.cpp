@@ -14,10 +14,6 @@ using automation::guarded;
 constexpr std::string_view kCentre = "Center";
 constexpr std::string_view kBlank = "&nbsp;";
 
-std::string numbered(std::string_view name, std::size_t number) {
-    return std::string(name) + std::to_string(number);
-}
-
 }  // namespace
 
 // --- sections of single fields, in two columns --------------------------------------------------
@@ -98,16 +94,20 @@ void SetupSections::add_text_row(const SetupField& field) {
 }
 
 void SetupSections::add_choice_row(const SetupField& field) {
-    const std::string control = field.control_name();
     page_.begin_row();
+    page_.row_cell(radio_buttons(field.name, field.control_name()), "Left", "2");
+}
+
+// One for each option button of a group.
+std::string SetupSections::radio_buttons(std::string_view name, std::string_view control) const {
     std::string html;
     for (std::size_t i = 0; i < controls_.count(control); ++i) {
         const dialogs::ControlId id{control, i};
-        html += page_.radio_button(field.name, std::to_string(i), controls_.Value(id),
+        html += page_.radio_button(name, std::to_string(i), controls_.Value(id),
                                    page_.value(controls_.Caption(id)));
         html += kBlank;
     }
-    page_.row_cell(html, "Left", "2");
+    return html;
 }
 
 // --- units --------------------------------------------------------------------------------------
@@ -121,7 +121,7 @@ void SetupSections::AddVeloras() {
         for (const UnitField& field : kUnitFields) {
             page_.cell(field.heading, {kCentre, "1"});
         }
-        for (std::size_t row = 0; row < kUnitRows; ++row) {
+        for (std::size_t row = 0; row < controls_.count(kUnitFields.front().control); ++row) {
             add_unit_row(row);
         }
         page_.end_table();
@@ -158,15 +158,8 @@ std::string SetupSections::unit_cell(const UnitField& field, std::size_t row) co
     if (field.kind != FieldKind::Choice) {
         return numbered_text_field(field, row);
     }
-    const std::string name = numbered(field.name, row + field.first_number);
-    const std::string control = numbered(field.control, row + field.first_number);
-    std::string html;
-    for (std::size_t group = 0; group < kSlideGroups.size(); ++group) {
-        html += page_.radio_button(name, std::to_string(group), controls_.Value({control, group}),
-                                   kSlideGroups[group]);
-        html += kBlank;
-    }
-    return html;
+    return radio_buttons(numbered(field.name, row + field.first_number),
+                         numbered(field.control, row + field.first_number));
 }
 
 // --- slide groups -------------------------------------------------------------------------------
@@ -176,7 +169,7 @@ void SetupSections::AddSlideGroup() {
         page_.begin_table();
         page_.begin_heading();
         page_.cell("Slide Group", {kCentre, "3"});
-        for (std::size_t group = 0; group < kSlideGroupCount; ++group) {
+        for (std::size_t group = 0; group < core::kSlideGroups; ++group) {
             add_slide_rows(group);
         }
         page_.end_table();
@@ -187,7 +180,7 @@ void SetupSections::add_slide_rows(std::size_t group) {
     page_.begin_heading();
     page_.cell(numbered("Group ", group + 1) + " FilePath", {kCentre, "2"});
     page_.cell(kSlideDwell.heading, {kCentre, "1"});
-    for (std::size_t row = group * kSlidesInGroup; row < (group + 1) * kSlidesInGroup; ++row) {
+    for (std::size_t row = group * core::kSlideRows; row < (group + 1) * core::kSlideRows; ++row) {
         page_.begin_heading();
         page_.set_row_class(row % 2 == 0 ? kEvenRow : kOddRow);
         page_.row_cell(numbered_text_field(kSlideFile, row), "Left", "2");

@@ -40,6 +40,7 @@ class SetupSections {
     void add_check(std::string_view name, std::string_view control, std::size_t index,
                    std::string_view label);
 
+    [[nodiscard]] std::string radio_buttons(std::string_view name, std::string_view control) const;
     void add_unit_row(std::size_t row);
     [[nodiscard]] std::string unit_cell(const UnitField& field, std::size_t row) const;
     [[nodiscard]] std::string numbered_text_field(const UnitField& field, std::size_t row) const;

@@ -18,10 +18,9 @@ void SetupUpdate::take_check(std::string_view name, std::string_view control, st
 }
 
 // None is chosen after a form that names none of them.
-void SetupUpdate::take_choice(std::string_view name, std::string_view control,
-                              std::size_t choices) {
+void SetupUpdate::take_choice(std::string_view name, std::string_view control) {
     const std::string chosen = form_.text(name);
-    for (std::size_t choice = 0; choice < choices; ++choice) {
+    for (std::size_t choice = 0; choice < controls_.count(control); ++choice) {
         controls_.set_Value({control, choice}, chosen == std::to_string(choice));
     }
 }
@@ -51,11 +50,11 @@ void SetupUpdate::take(const SetupField& field) {
             return;
         case FieldKind::CheckList:
             for (std::size_t i = 0; i < controls_.count(control); ++i) {
-                take_check(std::string(field.name) + std::to_string(i), control, i);
+                take_check(numbered(field.name, i), control, i);
             }
             return;
         case FieldKind::Choice:
-            take_choice(field.name, control, controls_.count(control));
+            take_choice(field.name, control);
             return;
         case FieldKind::Shown:
             return;
@@ -65,20 +64,19 @@ void SetupUpdate::take(const SetupField& field) {
 // --- rows ---------------------------------------------------------------------------------------
 
 void SetupUpdate::take_numbered(const UnitField& field, std::size_t number) {
-    const std::string digits = std::to_string(number + field.first_number);
-    const std::string name = std::string(field.name) + digits;
+    const std::string name = numbered(field.name, number + field.first_number);
     if (field.kind == FieldKind::Text) {
         take_text(name, field.control, number);
     } else if (field.kind == FieldKind::Check) {
         take_check(name, field.control, number);
     } else if (field.kind == FieldKind::Choice) {
-        take_choice(name, std::string(field.control) + digits, kSlideGroups.size());
+        take_choice(name, numbered(field.control, number + field.first_number));
     }
 }
 
 void SetupUpdate::UpdateVeloras() {
     guarded(instance_.log, "UpdateVeloras", [&] {
-        for (std::size_t row = 0; row < kUnitRows; ++row) {
+        for (std::size_t row = 0; row < controls_.count(kUnitFields.front().control); ++row) {
             for (const UnitField& field : kUnitFields) {
                 take_numbered(field, row);
             }
@@ -89,11 +87,11 @@ void SetupUpdate::UpdateVeloras() {
 
 void SetupUpdate::UpdateSlideGroup() {
     guarded(instance_.log, "UpdateSlideGroup", [&] {
-        for (std::size_t row = 0; row < kSlideGroupCount * kSlidesInGroup; ++row) {
+        for (std::size_t row = 0; row < core::kSlideGroups * core::kSlideRows; ++row) {
             take_numbered(kSlideFile, row);
             take_numbered(kSlideDwell, row);
         }
-        for (std::size_t group = 0; group < kSlideGroupCount; ++group) {
+        for (std::size_t group = 0; group < core::kSlideGroups; ++group) {
             for (const UnitField& field : kSlideGroupFields) {
                 take_numbered(field, group);
             }

@@ -39,7 +39,7 @@ class SetupUpdate {
     void take_numbered(const UnitField& field, std::size_t number);
     void take_text(std::string_view name, std::string_view control, std::size_t index);
     void take_check(std::string_view name, std::string_view control, std::size_t index);
-    void take_choice(std::string_view name, std::string_view control, std::size_t choices);
+    void take_choice(std::string_view name, std::string_view control);
 
     core::Instance& instance_;
     dialogs::Controls& controls_;

@@ -1,7 +1,6 @@
 #include "status/visitors.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstdint>
 #include <optional>
 #include <string_view>
@@ -10,6 +9,7 @@
 #include "automation/code_page.h"
 #include "automation/convert.h"
 #include "automation/strings.h"
+#include "automation/whole_number.h"
 #include "core/instance.h"
 #include "fleet/fleet.h"
 #include "status/status_state.h"
@@ -18,30 +18,22 @@ namespace status {
 
 namespace {
 
-constexpr unsigned kAddressBits = 32;
+constexpr int kAddressBits = 32;
 constexpr std::uint32_t kLoopback = 127;  // first part of all its addresses
-
-// A whole number up to `highest`, nothing else.
-std::optional<std::uint32_t> whole_number(std::string_view text, std::uint32_t highest) {
-    std::uint32_t number = 0;
-    const auto end = std::from_chars(text.data(), text.data() + text.size(), number);
-    const bool is_whole = end.ec == std::errc() && end.ptr == text.data() + text.size();
-    return is_whole && number <= highest ? std::optional(number) : std::nullopt;
-}
 
 // "a.b.c.d" as a number.
 std::optional<std::uint32_t> address_number(std::string_view text) {
     constexpr std::size_t kParts = 4;
-    constexpr std::uint32_t kHighestPart = 255;
+    constexpr std::int32_t kHighestPart = 255;
     constexpr unsigned kPartBits = 8;
     const std::vector<std::string> parts = automation::split(text, '.');
     std::uint32_t number = 0;
     for (const std::string& part : parts) {
-        const auto value = whole_number(part, kHighestPart);
+        const auto value = automation::whole_number(part, 0, kHighestPart);
         if (!value || parts.size() != kParts) {
             return std::nullopt;
         }
-        number = number << kPartBits | *value;
+        number = number << kPartBits | static_cast<std::uint32_t>(*value);
     }
     return number;
 }
@@ -51,12 +43,13 @@ bool is_in_network(std::uint32_t address, const std::string& network) {
     const std::size_t slash = network.find('/');
     const auto base = address_number(std::string_view(network).substr(0, slash));
     const auto bits = slash == std::string::npos
-                          ? std::optional<std::uint32_t>(kAddressBits)
-                          : whole_number(std::string_view(network).substr(slash + 1), kAddressBits);
+                          ? std::optional(kAddressBits)
+                          : automation::whole_number(std::string_view(network).substr(slash + 1), 0,
+                                                     kAddressBits);
     if (!base || !bits) {
         return false;
     }
-    const unsigned rest = kAddressBits - *bits;
+    const int rest = kAddressBits - *bits;
     return rest == kAddressBits || address >> rest == *base >> rest;
 }
 

@@ -1,33 +1,12 @@
 #include "unit/http_page.h"
 
+#include "automation/html.h"
+
 namespace unit {
-namespace {
-
-std::string escaped(std::string_view text) {
-    std::string html;
-    for (const char character : text) {
-        switch (character) {
-            case '<':
-                html += "&lt;";
-                break;
-            case '>':
-                html += "&gt;";
-                break;
-            case '&':
-                html += "&amp;";
-                break;
-            default:
-                html += character;
-        }
-    }
-    return html;
-}
-
-}  // namespace
 
 std::string to_response(const Page& page, std::string_view version) {
-    const std::string html = "<html><head><title>Velora</title></head><body>" + escaped(page.text) +
-                             "</body></html>\r\n";
+    const std::string html = "<html><head><title>Velora</title></head><body>" +
+                             automation::html_encoded(page.text) + "</body></html>\r\n";
     std::string response(version);
     response.append(" ").append(page.status).append("\r\n");
     response.append("Server: Velora\r\n");

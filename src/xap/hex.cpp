@@ -1,6 +1,9 @@
 #include "xap/hex.h"
 
+#include <algorithm>
+
 #include "automation/convert.h"
+#include "automation/hexadecimal.h"
 #include "core/velora_log.h"
 
 namespace xap {
@@ -34,14 +37,7 @@ std::int32_t HexDigitValue(std::string_view text) {
     if (const auto number = automation::parse_number(text)) {
         return automation::checked_int32(*number);
     }
-    constexpr std::int32_t kTen = 10;
-    if (text.size() == 1 && text[0] >= 'A' && text[0] <= 'F') {
-        return text[0] - 'A' + kTen;
-    }
-    if (text.size() == 1 && text[0] >= 'a' && text[0] <= 'f') {
-        return text[0] - 'a' + kTen;
-    }
-    return 0;
+    return text.size() == 1 ? std::max(automation::hexadecimal_digit(text.front()), 0) : 0;
 }
 
 }  // namespace xap

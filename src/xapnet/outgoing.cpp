@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "automation/strings.h"
+#include "host/xap_message.h"
 #include "xapnet/message.h"
 #include "xapnet/uid.h"
 #include "xapnet/wire_text.h"
@@ -11,9 +12,6 @@
 namespace xapnet {
 
 namespace {
-
-constexpr char kKeyEnd = '\1';
-constexpr char kItemEnd = '\0';
 
 // A line that is split at its sign stands on the wire as it came, blanks and all.
 Line line_of(std::string_view text, char sign) {
@@ -26,8 +24,8 @@ Line line_of(std::string_view text, char sign) {
 
 std::vector<Line> coded_lines(const std::string& coded) {
     std::vector<Line> lines;
-    for (const std::string& item : automation::split(coded, kItemEnd)) {
-        lines.push_back(line_of(item, kKeyEnd));
+    for (const std::string& item : automation::split(coded, host::kXapPairEnd)) {
+        lines.push_back(line_of(item, host::kXapKeyEnd));
     }
     return lines;
 }

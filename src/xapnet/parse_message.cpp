@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "automation/code_page.h"
+#include "automation/hexadecimal.h"
 #include "automation/whole_number.h"
-#include "xapnet/hexadecimal.h"
 #include "xapnet/message.h"
 #include "xapnet/uid.h"
 #include "xapnet/wire_text.h"
@@ -52,8 +52,8 @@ Line line_of(std::string_view text) {
     } else if (const std::size_t mark = text.find('!'); mark != std::string_view::npos) {
         const std::string_view key = trimmed(text.substr(0, mark));
         const std::string_view digits = trimmed(text.substr(mark + 1));
-        if (!key.empty() && is_hexadecimal(digits)) {
-            return {std::string(key), text_from_wire(bytes_of_hexadecimal(digits))};
+        if (!key.empty() && automation::is_hexadecimal(digits)) {
+            return {std::string(key), text_from_wire(automation::bytes_of_hexadecimal(digits))};
         }
     }
     return {"", std::string(text)};

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "automation/code_page.h"
-#include "xapnet/hexadecimal.h"
+#include "automation/hexadecimal.h"
 
 namespace xapnet {
 
@@ -19,22 +19,22 @@ constexpr std::size_t kUidDigits = 8;
 bool is_uid(std::string_view text) noexcept {
     std::size_t separator = text.find_first_of(".:");
     if (separator == std::string_view::npos) {
-        return text.size() == kUidDigits && is_hexadecimal(text);
+        return text.size() == kUidDigits && automation::is_hexadecimal(text);
     }
     while (separator != std::string_view::npos) {
-        if (!is_hexadecimal(text.substr(0, separator))) {
+        if (!automation::is_hexadecimal(text.substr(0, separator))) {
             return false;
         }
         text.remove_prefix(separator + 1);
         separator = text.find_first_of(".:");
     }
-    return is_hexadecimal(text);
+    return automation::is_hexadecimal(text);
 }
 
 std::optional<std::string> make_uid(std::uint16_t unit_id, std::string_view endpoint) {
     constexpr std::size_t kEndpointDigits = 2;
     const std::string number = automation::to_upper(endpoint);
-    if (number.size() != kEndpointDigits || !is_hexadecimal(number) ||
+    if (number.size() != kEndpointDigits || !automation::is_hexadecimal(number) ||
         number == kReservedEndpoint) {
         return std::nullopt;
     }

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "automation/html.h"
 #include "automation/run_time_error.h"
 #include "automation/strings.h"
 #include "home/web/url_text.h"
@@ -41,7 +42,7 @@ std::string AspServer::MapPath(const std::string& path) const {
 }
 
 std::string AspServer::HTMLEncode(const std::string& text) const {
-    return html_encoded(text);
+    return automation::html_encoded(text);
 }
 
 std::string AspServer::URLEncode(const std::string& text) const {

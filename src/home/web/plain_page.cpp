@@ -2,12 +2,12 @@
 
 #include <string>
 
-#include "home/web/url_text.h"
+#include "automation/html.h"
 
 namespace home {
 
 host::HttpResponse plain_page(std::int32_t status, std::string_view title, std::string_view text) {
-    const std::string shown = html_encoded(title);
+    const std::string shown = automation::html_encoded(title);
     host::HttpResponse response;
     response.status = status;
     response.add("Content-Type", std::string(kPageType));
@@ -16,7 +16,7 @@ host::HttpResponse plain_page(std::int32_t status, std::string_view title, std::
         "</title></head>\r\n<body style=\"font-family: Verdana, Arial, sans-serif; margin: 2em\">"
         "\r\n<h1>");
     response.body.append(shown).append("</h1>\r\n<pre style=\"white-space: pre-wrap\">");
-    response.body.append(html_encoded(text));
+    response.body.append(automation::html_encoded(text));
     response.body.append(
         "</pre>\r\n<p><a href=\"/\">To the start page</a></p>\r\n</body></html>\r\n");
     return response;

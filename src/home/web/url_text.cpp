@@ -1,8 +1,7 @@
 #include "home/web/url_text.h"
 
-#include <optional>
-
 #include "automation/convert.h"
+#include "automation/hexadecimal.h"
 #include "automation/strings.h"
 
 namespace home {
@@ -10,38 +9,10 @@ namespace {
 
 constexpr std::string_view kDigits = "0123456789ABCDEF";
 
-std::optional<unsigned int> hexadecimal(char digit) {
-    if (digit >= '0' && digit <= '9') {
-        return static_cast<unsigned int>(digit - '0');
-    }
-    if (digit >= 'A' && digit <= 'F') {
-        return static_cast<unsigned int>(digit - 'A') + 10;
-    }
-    if (digit >= 'a' && digit <= 'f') {
-        return static_cast<unsigned int>(digit - 'a') + 10;
-    }
-    return std::nullopt;
-}
-
 bool stays_in_addresses(char character) {
     return (character >= '0' && character <= '9') || (character >= 'A' && character <= 'Z') ||
            (character >= 'a' && character <= 'z') ||
            std::string_view("-_.~").find(character) != std::string_view::npos;
-}
-
-std::string_view entity_of(char character) {
-    switch (character) {
-        case '&':
-            return "&amp;";
-        case '<':
-            return "&lt;";
-        case '>':
-            return "&gt;";
-        case '"':
-            return "&quot;";
-        default:
-            return {};
-    }
 }
 
 }  // namespace
@@ -49,10 +20,9 @@ std::string_view entity_of(char character) {
 std::string percent_decoded(std::string_view text, Plus plus) {
     std::string decoded;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        const auto high = i + 2 < text.size() ? hexadecimal(text[i + 1]) : std::nullopt;
-        const auto low = i + 2 < text.size() ? hexadecimal(text[i + 2]) : std::nullopt;
-        if (text[i] == '%' && high && low) {
-            decoded += static_cast<char>(*high * 16 + *low);
+        const std::string_view digits = text.substr(i + 1, 2);
+        if (text[i] == '%' && digits.size() == 2 && automation::is_hexadecimal(digits)) {
+            decoded += automation::bytes_of_hexadecimal(digits);
             i += 2;
         } else {
             decoded += text[i] == '+' && plus == Plus::IsBlank ? ' ' : text[i];
@@ -71,19 +41,6 @@ std::string form_encoded(std::string_view text) {
         } else {
             const auto code = static_cast<unsigned char>(character);
             encoded += {'%', kDigits[code / 16U], kDigits[code % 16U]};
-        }
-    }
-    return encoded;
-}
-
-std::string html_encoded(std::string_view text) {
-    std::string encoded;
-    for (const char character : text) {
-        const std::string_view entity = entity_of(character);
-        if (entity.empty()) {
-            encoded += character;
-        } else {
-            encoded += entity;
         }
     }
     return encoded;

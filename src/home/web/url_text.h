@@ -16,9 +16,6 @@ enum class Plus : bool { Stays, IsBlank };
 // All but letters, digits and "-_.~" as "%XX", a blank as "+".
 [[nodiscard]] std::string form_encoded(std::string_view text);
 
-// The characters that mean something in HTML, as entities.
-[[nodiscard]] std::string html_encoded(std::string_view text);
-
 using NamedTexts = std::vector<std::pair<std::string, std::string>>;
 
 // "a=1&b=2", decoded, in the order of the text. A part without "=" has an empty value.

@@ -4,8 +4,9 @@
 #include <string>
 #include <string_view>
 
-namespace xapnet {
+namespace automation {
 
+// The digit in any case, -1 for another character.
 [[nodiscard]] constexpr int hexadecimal_digit(char character) noexcept {
     if (character >= '0' && character <= '9') {
         return character - '0';
@@ -32,4 +33,4 @@ namespace xapnet {
     return bytes;
 }
 
-}  // namespace xapnet
+}  // namespace automation
